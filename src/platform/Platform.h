@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/EventLoop.h"
+#include "platform/MessageBoxes.h"
+#include "platform/MidiPort.h"
+#include "platform/WaveOut.h"
+
+namespace tessaly {
+
+// The platform services the logic uses, handed to it by the application.
+struct Platform {
+    EventLoop& loop;
+    MidiPort& midi;
+    WaveOut& wave;
+    MessageBoxes& boxes;
+};
+
+}  // namespace tessaly

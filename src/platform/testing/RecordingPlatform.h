@@ -1,0 +1,74 @@
+#pragma once
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/EventLoop.h"
+#include "platform/MessageBoxes.h"
+#include "platform/MidiPort.h"
+#include "platform/WaveOut.h"
+#include "platform/testing/EventLog.h"
+
+namespace tessaly {
+
+struct RecordedMidi {
+    uint32_t timeMs;
+    uint32_t message;
+};
+
+// A MIDI sink that records every message sent to the open device with the
+// time of the clock. Given an inner port, it also forwards everything to it
+// (the built-in synthesizer rendering offline) and lists its devices.
+class RecordingMidiPort : public MidiPort {
+public:
+    static constexpr const char* kMapperName = "内置 GM 合成器";
+
+    RecordingMidiPort(const EventLoop& clock, MidiPort* inner = nullptr) : clock_(clock), inner_(inner) {}
+
+    int deviceCount() override;
+    bool deviceName(int deviceId, std::string& name) override;
+    int open(int deviceId, uint32_t& handle) override;
+    int close(uint32_t handle) override;
+    int shortMessage(uint32_t handle, uint32_t message) override;
+    std::string errorText(int code) override;
+
+    std::vector<RecordedMidi> take() { return std::exchange(sent_, {}); }
+    const std::vector<RecordedMidi>& sent() const { return sent_; }
+    bool isOpen() const { return handle_ != 0; }
+
+    // Makes the next calls fail with this code (0 to stop failing).
+    void failWith(int code) { failure_ = code; }
+
+private:
+    const EventLoop& clock_;
+    MidiPort* inner_;
+    uint32_t handle_ = 0;
+    uint32_t innerHandle_ = 0;
+    int failure_ = 0;
+    std::vector<RecordedMidi> sent_;
+};
+
+class RecordingWaveOut : public WaveOut {
+public:
+    explicit RecordingWaveOut(EventLog& log, WaveOut* inner = nullptr) : log_(log), inner_(inner) {}
+    void setVolume(uint32_t volumeWord) override;
+    bool playSound(const std::string& path, int flags) override;
+    uint32_t volume() const { return volume_; }
+
+private:
+    EventLog& log_;
+    WaveOut* inner_;
+    uint32_t volume_ = 0xFFFFFFFF;
+};
+
+class RecordingMessageBoxes : public MessageBoxes {
+public:
+    explicit RecordingMessageBoxes(EventLog& log) : log_(log) {}
+    void timedBox(const std::string& title, const std::string& text, int timeoutMs) override;
+    void plainBox(const std::string& text) override;
+
+private:
+    EventLog& log_;
+};
+
+}  // namespace tessaly
