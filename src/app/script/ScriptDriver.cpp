@@ -1,0 +1,187 @@
+#include "app/script/ScriptDriver.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <istream>
+#include <ostream>
+#include <sstream>
+#include <stdexcept>
+#include <vector>
+
+#include "forms/Controls.h"
+#include "runtime/FatalFailure.h"
+#include "shell/Instrument.h"
+
+namespace tessaly {
+
+namespace {
+
+struct ScriptError : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+std::string makeTempAppDir() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "tessaly-XXXXXX").string();
+    std::vector<char> buffer(pattern.begin(), pattern.end());
+    buffer.push_back('\0');
+    if (!mkdtemp(buffer.data())) throw std::runtime_error("cannot create a temporary folder");
+    return std::string(buffer.data());
+}
+
+long parseNumber(const std::string& text) {
+    try {
+        std::size_t used = 0;
+        long value = std::stol(text, &used);
+        if (used != text.size()) throw ScriptError("not a number: " + text);
+        return value;
+    } catch (const std::logic_error&) {
+        throw ScriptError("not a number: " + text);
+    }
+}
+
+// The first word and the rest of the line after one blank.
+std::pair<std::string, std::string> splitWord(const std::string& text) {
+    std::size_t space = text.find(' ');
+    if (space == std::string::npos) return {text, ""};
+    return {text.substr(0, space), text.substr(space + 1)};
+}
+
+}  // namespace
+
+std::string escapeValue(const std::string& value) {
+    std::string out;
+    for (char c : value) {
+        if (c == '\r') out += "\\r";
+        else if (c == '\n') out += "\\n";
+        else if (c == '\\') out += "\\\\";
+        else out += c;
+    }
+    return out;
+}
+
+ScriptDriver::ScriptDriver(ScriptOptions options, std::ostream& out)
+    : options_(std::move(options)),
+      out_(out),
+      midi_(loop_),
+      wave_(log_),
+      boxes_(log_),
+      platform_{loop_, midi_, wave_, boxes_} {
+    appDir_ = options_.appDir;
+    if (appDir_.empty()) {
+        appDir_ = makeTempAppDir();
+        ownsAppDir_ = true;
+    }
+    std::filesystem::create_directories(std::filesystem::path(appDir_) / "演奏记录");
+    std::filesystem::create_directories(std::filesystem::path(appDir_) / "音效");
+    instrument_ = std::make_unique<Instrument>(platform_, appDir_);
+}
+
+ScriptDriver::~ScriptDriver() {
+    instrument_.reset();
+    if (ownsAppDir_) {
+        std::error_code error;
+        std::filesystem::remove_all(appDir_, error);
+    }
+}
+
+int ScriptDriver::run(std::istream& script) {
+    std::string line;
+    while (std::getline(script, line)) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        std::size_t first = line.find_first_not_of(" \t");
+        if (first == std::string::npos || line[first] == '#') continue;
+        line = line.substr(first);
+        try {
+            if (execute(line)) {
+                printEvents();
+                out_ << "ended\n";
+                return 0;
+            }
+        } catch (const FatalFailure& failure) {
+            out_ << "fatal " << failure.what() << "\n";
+            return 3;
+        } catch (const ScriptError& error) {
+            out_ << "error: " << error.what() << " in: " << line << "\n";
+            return 2;
+        } catch (const std::invalid_argument& error) {
+            out_ << "error: " << error.what() << " in: " << line << "\n";
+            return 2;
+        }
+        out_.flush();
+    }
+    return 0;
+}
+
+bool ScriptDriver::execute(const std::string& line) {
+    auto [command, rest] = splitWord(line);
+    ControlSystem& controls = instrument_->controls;
+    auto control = [&](const std::string& name) -> Control& {
+        Control* c = controls.findControl(name);
+        if (!c) throw ScriptError("no control " + name);
+        return *c;
+    };
+
+    if (command == "start") {
+        instrument_->start();
+    } else if (command == "key") {
+        std::istringstream words(rest);
+        std::string direction, code, shift;
+        words >> direction >> code >> shift;
+        if (direction != "down" && direction != "up") throw ScriptError("key down or key up");
+        auto keyCode = static_cast<int16_t>(parseNumber(code));
+        auto mask = static_cast<int16_t>(shift.empty() ? 0 : parseNumber(shift));
+        if (Control* target = controls.focused()) {
+            auto& event = direction == "down" ? target->onKeyDown : target->onKeyUp;
+            if (event) event(keyCode, mask);
+        }
+    } else if (command == "click") {
+        control(rest).userClick();
+    } else if (command == "pick") {
+        auto [name, index] = splitWord(rest);
+        auto* list = dynamic_cast<ListControl*>(&control(name));
+        if (!list) throw ScriptError(name + " is not a list");
+        list->userPick(static_cast<int>(parseNumber(index)));
+    } else if (command == "type") {
+        auto [name, text] = splitWord(rest);
+        Control& target = control(name);
+        if (auto* box = dynamic_cast<TextBox*>(&target)) box->setText(text);
+        else if (auto* combo = dynamic_cast<ListControl*>(&target)) combo->setText(text);
+        else throw ScriptError(name + " takes no text");
+    } else if (command == "focus") {
+        Control& target = control(rest);
+        if (!target.canTakeFocus()) throw ScriptError(rest + " cannot take the focus");
+        target.setFocus();
+    } else if (command == "set") {
+        auto [path, value] = splitWord(rest);
+        if (!controls.set(path, value)) throw ScriptError("cannot set " + path);
+    } else if (command == "get") {
+        auto value = controls.get(rest);
+        if (!value) throw ScriptError("no value " + rest);
+        out_ << rest << "=" << escapeValue(*value) << "\n";
+    } else if (command == "advance") {
+        long ms = parseNumber(rest);
+        if (ms < 0) throw ScriptError("advance needs a positive number");
+        loop_.advance(static_cast<uint64_t>(ms));
+    } else if (command == "midi") {
+        printMidi();
+    } else if (command == "events") {
+        printEvents();
+    } else if (command == "quit") {
+        instrument_->close();
+    } else {
+        throw ScriptError("unknown command " + command);
+    }
+    return instrument_->ended();
+}
+
+void ScriptDriver::printMidi() {
+    for (const RecordedMidi& m : midi_.take())
+        out_ << "@" << m.timeMs << " " << (m.message & 0xFF) << " " << ((m.message >> 8) & 0xFF) << " "
+             << ((m.message >> 16) & 0xFF) << "\n";
+}
+
+void ScriptDriver::printEvents() {
+    for (const std::string& line : log_.take()) out_ << escapeValue(line) << "\n";
+}
+
+}  // namespace tessaly

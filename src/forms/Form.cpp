@@ -1,0 +1,60 @@
+#include "forms/Form.h"
+
+#include <algorithm>
+
+namespace tessaly {
+
+Form::Form(ControlSystem& system, EventLoop& loop, std::string name)
+    : Control(this, ControlKind::Form, std::move(name), -1), system_(system), loop_(loop) {
+    setVisible(false);
+    system_.registerControl(*this);
+}
+
+Form::~Form() {
+    for (auto& control : controls_) system_.unregisterControl(*control);
+    system_.unregisterControl(*this);
+}
+
+void Form::removeControl(Control& control) {
+    system_.unregisterControl(control);
+    std::erase_if(controls_, [&](const auto& c) { return c.get() == &control; });
+}
+
+std::vector<OptionButton*> Form::optionGroup(const std::string& group) const {
+    std::vector<OptionButton*> out;
+    for (const auto& c : controls_)
+        if (auto* option = dynamic_cast<OptionButton*>(c.get()); option && option->group() == group)
+            out.push_back(option);
+    return out;
+}
+
+void Form::load() {
+    if (loaded_) return;
+    loaded_ = true;
+    if (onLoad) onLoad();
+}
+
+void Form::show() {
+    load();
+    setVisible(true);
+    activate();
+}
+
+void Form::hide() {
+    Control* focused = system_.focused();
+    if (focused && focused->form() == this) system_.dropFocus(*focused);
+    setVisible(false);
+}
+
+void Form::unload() {
+    if (!loaded_) return;
+    if (onUnload) onUnload();
+    hide();
+    loaded_ = false;
+}
+
+void Form::activate() {
+    if (onActivate) onActivate();
+}
+
+}  // namespace tessaly

@@ -1,0 +1,74 @@
+#include "forms/MainWindow.h"
+
+#include <string>
+
+namespace tessaly {
+
+namespace {
+
+void addItems(ListControl& list, std::initializer_list<const char*> items) {
+    for (const char* item : items) list.addItem(item);
+}
+
+void addVelocities(ListControl& list) { addItems(list, {"25", "40", "55", "70", "85", "100", "120"}); }
+
+}  // namespace
+
+MainWindow::MainWindow(ControlSystem& system, EventLoop& loop)
+    : Form(system, loop, "Form1"),
+      SFYXYZ(add<Button>("SFYXYZ")),
+      Text3(add<TextBox>("Text3")),
+      XSWB(add<Label>("XSWB")),
+      FJWZ(add<Label>("FJWZ")),
+      Label1(add<Label>("Label1")),
+      File1(add<FileListBox>("File1")),
+      SD(add<ComboBox>("SD")),
+      YD(add<ComboBox>("YD")),
+      Check1(add<CheckBox>("Check1")),
+      ComDevies(add<ComboBox>("ComDevies")),
+      Check5(add<CheckBox>("Check5")),
+      BzQd(add<CheckBox>("BzQd")),
+      Combo1(add<ComboBox>("Combo1")),
+      Combo2(add<ComboBox>("Combo2")),
+      Combo3(add<ComboBox>("Combo3")),
+      xuanyue(add<ComboBox>("xuanyue")),
+      HxYL(add<ComboBox>("HxYL")),
+      VsbVol(add<ComboBox>("VsbVol")),
+      Timer1(addTimer("Timer1")),
+      Timer2(addTimer("Timer2")),
+      Timer3(addTimer("Timer3")),
+      BZDS(addTimer("BZDS")) {
+    setCaption("Tessaly201705");
+
+    SFYXYZ.setCaption("键盘");
+    SFYXYZ.setToolTip("当键盘演奏无声时用此键恢复键盘演奏功能！");
+    Label1.setCaption("消    音    板");
+    Check1.setCaption("抬手静音");
+    Check5.setCaption("自动同步");
+    Check5.setToolTip("勾选后在自动演奏时可同时启动节奏！演奏中快捷方式为Shift键！");
+    BzQd.setCaption("启动");
+    BzQd.setToolTip("点击启动节奏试听，演奏中也可用小键盘的\"+\"号启动，\"-\"号停止，在自动演奏时用\"JP\"选择并同步启动！");
+
+    for (int i = 0; i < 65; ++i) addElement(Picture1, "Picture1", i);
+    for (int i = 0; i < 5; ++i) addElement(Yuepu, "Yuepu", i);
+    Yuepu[0].setCaption("试听");
+
+    for (int i = 0; i < 3; ++i) {
+        addElement(ComSounds, "ComSounds", i);
+        addVelocities(addElement(Zxlyl, "Zxlyl", i));
+        addElement(Check3, "Check3", i).setCaption("颤音");
+    }
+    ComSounds[2].setToolTip("本通道乐器采用复音的方法演奏，演奏时将同时发出演奏本身的音符与低八度音符！");
+
+    for (int tempo = 40; tempo <= 130; tempo += 5) SD.addItem(std::to_string(tempo));
+    SD.setToolTip("选取或直接输入需要的演奏速度（请输入40-140之间的整数）！");
+    addItems(YD, {"C", "bD", "D", "bE", "E", "F", "bG", "G", "bA", "A", "bB", "B"});
+
+    addVelocities(HxYL);
+    addItems(VsbVol, {"50", "60", "70", "80", "90", "100", "110", "120"});
+    for (int i = 0; i < 4; ++i) addElement(YQSZ, "YQSZ", i);
+
+    Timer2.setInterval(1000);
+}
+
+}  // namespace tessaly

@@ -1,0 +1,58 @@
+#pragma once
+#include "forms/FileListBox.h"
+#include "forms/Form.h"
+
+namespace tessaly {
+
+// The main window's model, Form1: its controls with their design-time
+// properties. Handlers are attached by the subsystems that own them.
+class MainWindow : public Form {
+public:
+    MainWindow(ControlSystem& system, EventLoop& loop);
+
+    // Keyboard and score
+    Button& SFYXYZ;
+    TextBox& Text3;
+    Label& XSWB;
+    Label& FJWZ;
+    Label& Label1;
+    ControlArray<PictureBox> Picture1;
+    ControlArray<Button> Yuepu;
+    FileListBox& File1;
+
+    // Melody panel
+    ControlArray<ComboBox> ComSounds;
+    ControlArray<ComboBox> Zxlyl;
+    ComboBox& SD;
+    ComboBox& YD;
+    CheckBox& Check1;
+    ControlArray<CheckBox> Check3;
+    ComboBox& ComDevies;
+
+    // Accompaniment
+    CheckBox& Check5;
+    CheckBox& BzQd;
+    ComboBox& Combo1;
+    ComboBox& Combo2;
+    ComboBox& Combo3;
+    ComboBox& xuanyue;
+    ComboBox& HxYL;
+    ComboBox& VsbVol;
+
+    // Shortcut page lists
+    ControlArray<ComboBox> YQSZ;
+
+    // Clocks
+    TimerControl& Timer1;
+    TimerControl& Timer2;
+    TimerControl& Timer3;
+    TimerControl& BZDS;
+};
+
+// Pictures of the on-screen keys.
+constexpr int kWhiteKeyUp = 102;
+constexpr int kWhiteKeyDown = 103;
+constexpr int kBlackKeyUp = 104;
+constexpr int kBlackKeyDown = 105;
+
+}  // namespace tessaly

@@ -1,0 +1,30 @@
+#pragma once
+
+namespace tessaly {
+
+class MainWindow;
+struct Platform;
+struct SharedState;
+
+// The six navigation keys that play WAV sound effects from "音效".
+class EffectKeys {
+public:
+    EffectKeys(Platform& platform, SharedState& state, MainWindow& form)
+        : platform_(platform), state_(state), form_(form) {}
+
+    // Plays the effect of the key in LastKeyCode; the panel names it either way.
+    void PlayEffectKey();
+    // Keypad ".": cuts the effect that plays.
+    void stopEffect();
+
+private:
+    Platform& platform_;
+    SharedState& state_;
+    MainWindow& form_;
+};
+
+// The slot of EffectFile for a key code: Insert, Home, PageUp, Delete, End,
+// PageDown are 0..5; any other key gives 0.
+int effectSlot(int keyCode);
+
+}  // namespace tessaly

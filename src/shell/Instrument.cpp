@@ -1,0 +1,126 @@
+#include "shell/Instrument.h"
+
+#include "notation/Catalogue.h"
+#include "notation/KeyTables.h"
+#include "notation/NoteVocabulary.h"
+#include "shell/StateRegistry.h"
+
+namespace tessaly {
+
+const char* const kStartHint =
+    "    当键盘演奏无声时请将输入法切换为英语(美国)输入方式，演奏当中可用空格键终止演奏！";
+
+Instrument::Instrument(Platform& platform_, std::string appDir)
+    : platform(platform_),
+      midi(platform_, state),
+      form1(controls, platform_.loop),
+      chords(state, midi),
+      accompaniment(state, midi, form1, chords),
+      effects(platform_, state, form1),
+      keyboard(platform_, state, midi, form1, accompaniment, chords, effects),
+      appDir_(std::move(appDir)) {
+    if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
+    keyboard.wire();
+    form1.ComDevies.onClick = [this] { ComDevies_Click(); };
+    form1.onLoad = [this] { Form_Load(); };
+    form1.onActivate = [this] { Form_Activate(); };
+    registerVariables();
+}
+
+Instrument::~Instrument() = default;
+
+void Instrument::registerVariables() { registerSharedState(controls, state, midi); }
+
+void Instrument::start() { form1.show(); }
+
+void Instrument::close() {
+    midi.CloseMidi();
+    form1.unload();
+    ended_ = true;
+}
+
+void Instrument::Form_Load() {
+    state.AppDir = appDir_;
+    activated_ = false;
+    midi.SetWaveVolume(static_cast<int32_t>(0xE000E000u), 0);
+    midi.ListMidiDevices(form1.ComDevies);
+    if (form1.ComDevies.listCount() > 0) form1.ComDevies.setListIndex(0);
+    const int16_t pans[8] = {64, 50, 78, 40, 88, 35, 93, 64};
+    for (int channel = 0; channel < 8; ++channel) midi.ChannelPan[channel] = pans[channel];
+    YFSZDY(state.keys);
+    YFDHDY(state.keys);
+    YFXSDY(state.keys);
+}
+
+void Instrument::Form_Activate() {
+    form1.Text3.setText(state.ScoreText);
+    if (!activated_) QDCSH();
+    form1.SFYXYZ.setEnabled(true);
+    form1.SFYXYZ.setFocus();
+    form1.Label1.setVisible(false);
+    activated_ = true;
+    form1.Timer2.setTimerEnabled(true);
+    state.AutoSyncFlag = 0;
+}
+
+void Instrument::ComDevies_Click() {
+    int index = form1.ComDevies.listIndex();
+    if (index < 0) return;
+    midi.OpenMidi(form1.ComDevies.itemData(index));
+    // The list index itself goes out as the program: one above what the
+    // instrument lists mean, until an instrument is chosen again.
+    for (int16_t channel = 0; channel < 3; ++channel) midi.SetProgram(channel, 0, state.MelodyProgram[channel]);
+}
+
+void Instrument::fillCatalogueLists() {
+    ComboBox* instrumentLists[] = {&form1.Combo1, &form1.Combo2, &form1.Combo3, &form1.xuanyue,
+                                   &form1.ComSounds[0], &form1.ComSounds[1], &form1.ComSounds[2],
+                                   &form1.YQSZ[0], &form1.YQSZ[1], &form1.YQSZ[2]};
+    for (int i = 0; i < kInstrumentCount; ++i)
+        for (ComboBox* list : instrumentLists) list->addItem(instrumentName(i));
+    for (int i = 0; i < kPercussionCount; ++i) form1.YQSZ[3].addItem(percussionName(i));
+}
+
+void Instrument::QDCSH() {
+    state.RhythmLastStep = 15;
+    form1.XSWB.setCaption(kStartHint);
+    for (int offset = 0; offset < kOnScreenKeyCount; ++offset) {
+        bool white = isWhiteKey(offset);
+        form1.Picture1[offset].setPicture(white ? kWhiteKeyUp : kBlackKeyUp);
+        state.IsWhiteKey[offset] = white ? -1 : 0;
+    }
+    fillCatalogueLists();
+
+    form1.ComSounds[0].setListIndex(50);
+    form1.ComSounds[1].setListIndex(10);
+    form1.ComSounds[2].setListIndex(55);
+    form1.xuanyue.setListIndex(25);
+    form1.HxYL.setListIndex(2);
+    state.MelodyProgram[0] = 50;
+    state.MelodyProgram[1] = 10;
+    state.MelodyProgram[2] = 55;
+    form1.Combo1.setListIndex(3);
+    form1.Combo2.setListIndex(26);
+    form1.Combo3.setListIndex(47);
+    form1.Zxlyl[0].setListIndex(4);
+    form1.Zxlyl[1].setListIndex(3);
+    form1.Zxlyl[2].setListIndex(2);
+    form1.YD.setListIndex(0);
+    form1.SD.setListIndex(6);
+    state.TickMs = 107;
+    form1.Timer1.setInterval(107);
+    const int16_t velocities[4] = {85, 70, 55, 55};
+    for (int channel = 0; channel < 4; ++channel) midi.ChannelVelocity[channel] = velocities[channel];
+    form1.VsbVol.setListIndex(5);
+
+    for (int16_t channel = 0; channel < 3; ++channel)
+        midi.SetProgram(channel, 0, static_cast<int16_t>(form1.ComSounds[channel].listIndex() - 1));
+    midi.SetProgram(3, 0, static_cast<int16_t>(form1.Combo1.listIndex() - 1));
+    midi.SetProgram(4, 0, static_cast<int16_t>(form1.Combo2.listIndex() - 1));
+    midi.SetProgram(5, 0, static_cast<int16_t>(form1.Combo3.listIndex() - 1));
+
+    state.ScoreText.clear();
+    state.SinceNoteTicks = 0;
+}
+
+}  // namespace tessaly
