@@ -50,12 +50,8 @@ TEST(SystemMidiPort, HandlesFollowOpenAndClose) {
     EXPECT_EQ(port.close(first), kMidiInvalidHandle);
     EXPECT_EQ(port.close(0), kMidiInvalidHandle);
     EXPECT_EQ(port.shortMessage(first, pack(0x90, 60, 100)), kMidiInvalidHandle);
-
-    // Reopened, it starts afresh: what was queued for the old synth is gone.
-    ASSERT_EQ(port.shortMessage(first, pack(0x90, 60, 100)), kMidiInvalidHandle);
     ASSERT_EQ(port.open(-1, second), kMidiOk);
-    EXPECT_NE(second, first);
-    EXPECT_LT(peak(SynthRig::renderEngine(engine, 100)), kSilentPeak);
+    EXPECT_NE(second, first) << "a stale handle must not reach the reopened device";
 }
 
 TEST(SystemMidiPort, MessagesQueuedWhileDetachedNeverReachTheNextSynth) {
