@@ -1,0 +1,70 @@
+#include "platform/audio/AudioEngine.h"
+
+#include <SDL.h>
+
+#include <algorithm>
+
+#include "platform/audio/SilentSink.h"
+
+namespace tessaly::audio {
+
+AudioEngine::AudioEngine(AudioEngineOptions options)
+    : periodFrames_(clampPeriod(options.periodFrames)), offline_(options.output == AudioOutput::Offline) {
+    if (offline_) return;
+    if (!openDevice()) sink_ = std::make_unique<SilentSink>(mixer_, periodFrames_);
+}
+
+AudioEngine::~AudioEngine() {
+    // Stop whatever renders before the mixer goes away.
+    if (device_ != 0) SDL_CloseAudioDevice(device_);
+    sink_.reset();
+    if (audioSubsystem_) SDL_QuitSubSystem(SDL_INIT_AUDIO);
+}
+
+bool AudioEngine::openDevice() {
+    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
+        deviceError_ = SDL_GetError();
+        return false;
+    }
+    audioSubsystem_ = true;
+    SDL_AudioSpec wanted{};
+    wanted.freq = kSampleRate;
+    wanted.format = AUDIO_F32SYS;
+    wanted.channels = kChannels;
+    wanted.samples = static_cast<Uint16>(periodFrames_);
+    wanted.callback = &AudioEngine::deviceCallback;
+    wanted.userdata = this;
+    SDL_AudioSpec obtained{};
+    // No changes allowed: SDL converts to whatever the hardware takes.
+    device_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, &obtained, 0);
+    if (device_ == 0) {
+        deviceError_ = SDL_GetError();
+        return false;
+    }
+    SDL_PauseAudioDevice(device_, 0);
+    return true;
+}
+
+void AudioEngine::deviceCallback(void* engine, uint8_t* stream, int bytes) {
+    auto* self = static_cast<AudioEngine*>(engine);
+    const int frames = bytes / static_cast<int>(sizeof(float) * kChannels);
+    self->mixer_.render(reinterpret_cast<float*>(stream), frames);
+}
+
+std::string AudioEngine::takeStatusMessage() {
+    if (offline_ || device_ != 0 || statusTaken_) return {};
+    statusTaken_ = true;
+    return kNoDeviceMessage;
+}
+
+bool AudioEngine::renderFrames(float* out, int frames) {
+    if (!offline_) return false;
+    for (int done = 0; done < frames;) {
+        const int block = std::min(periodFrames_, frames - done);
+        mixer_.render(out + static_cast<std::size_t>(done) * kChannels, block);
+        done += block;
+    }
+    return true;
+}
+
+}  // namespace tessaly::audio

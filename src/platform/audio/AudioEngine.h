@@ -1,0 +1,65 @@
+#pragma once
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/audio/AudioFormat.h"
+#include "platform/audio/Mixer.h"
+
+namespace tessaly::audio {
+
+class SilentSink;
+
+enum class AudioOutput {
+    Device,   // the system's playback device, or a silent sink when there is none
+    Offline,  // nothing runs by itself: the caller renders with renderFrames()
+};
+
+struct AudioEngineOptions {
+    AudioOutput output = AudioOutput::Device;
+    int periodFrames = kDefaultPeriodFrames;  // clamped to kMinPeriodFrames..kMaxPeriodFrames
+};
+
+// The sound output of the program: one mixer, rendered by the SDL playback
+// callback, by a silent sink when no device can be opened, or on demand.
+class AudioEngine {
+public:
+    static constexpr const char* kNoDeviceMessage = "没有找到音频输出设备，声音无法播放。";
+
+    explicit AudioEngine(AudioEngineOptions options = {});
+    ~AudioEngine();
+    AudioEngine(const AudioEngine&) = delete;
+    AudioEngine& operator=(const AudioEngine&) = delete;
+
+    Mixer& mixer() { return mixer_; }
+    int periodFrames() const { return periodFrames_; }
+    bool isOffline() const { return offline_; }
+    // True when a real playback device is running.
+    bool hasDevice() const { return device_ != 0; }
+
+    // What the user should be told about the output, in plain words: the
+    // first call returns the no-device message when there is no device,
+    // every later call returns an empty string.
+    std::string takeStatusMessage();
+    // Why the device could not be opened, for a log; empty when it was.
+    const std::string& deviceError() const { return deviceError_; }
+
+    // Offline mode only: renders the mix into out (interleaved stereo), in
+    // blocks of at most one period. False, rendering nothing, otherwise.
+    bool renderFrames(float* out, int frames);
+
+private:
+    static void deviceCallback(void* engine, uint8_t* stream, int bytes);
+    bool openDevice();
+
+    Mixer mixer_;
+    int periodFrames_;
+    bool offline_;
+    bool audioSubsystem_ = false;
+    uint32_t device_ = 0;
+    std::unique_ptr<SilentSink> sink_;
+    std::string deviceError_;
+    bool statusTaken_ = false;
+};
+
+}  // namespace tessaly::audio

@@ -1,0 +1,41 @@
+#include "AudioTestSupport.h"
+
+#include <sndfile.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cmath>
+#include <numbers>
+
+namespace tessaly::audio::testing {
+
+TempFolder::TempFolder() {
+    static std::atomic<int> counter{0};
+    path_ = std::filesystem::temp_directory_path() /
+            ("tessaly-audio-" + std::to_string(getpid()) + "-" + std::to_string(counter++));
+    std::filesystem::create_directories(path_);
+}
+
+TempFolder::~TempFolder() {
+    std::error_code ec;
+    std::filesystem::remove_all(path_, ec);
+}
+
+void writeSineWav(const std::string& path, double hz, int sampleRate, int channels, double seconds, double amplitude) {
+    SF_INFO info{};
+    info.samplerate = sampleRate;
+    info.channels = channels;
+    info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
+    SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
+    ASSERT_NE(file, nullptr) << sf_strerror(nullptr);
+    const auto frames = static_cast<std::size_t>(seconds * sampleRate);
+    std::vector<float> samples(frames * static_cast<std::size_t>(channels));
+    for (std::size_t f = 0; f < frames; ++f) {
+        const auto value = static_cast<float>(amplitude * std::sin(2 * std::numbers::pi * hz * static_cast<double>(f) / sampleRate));
+        for (int c = 0; c < channels; ++c) samples[f * static_cast<std::size_t>(channels) + static_cast<std::size_t>(c)] = value;
+    }
+    sf_writef_float(file, samples.data(), static_cast<sf_count_t>(frames));
+    sf_close(file);
+}
+
+}  // namespace tessaly::audio::testing

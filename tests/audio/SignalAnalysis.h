@@ -1,0 +1,18 @@
+#pragma once
+#include <cstddef>
+#include <vector>
+
+namespace tessaly::audio::testing {
+
+// One channel (0 left, 1 right) of interleaved stereo frames [from, to).
+std::vector<float> channelOf(const std::vector<float>& stereo, int channel, std::size_t fromFrame = 0,
+                             std::size_t toFrame = static_cast<std::size_t>(-1));
+
+double rms(const std::vector<float>& samples);
+float peak(const std::vector<float>& samples);
+
+// Fundamental frequency by the YIN difference function, averaged over
+// consecutive windows; 0 when the signal has no clear period in 50..2000 Hz.
+double estimatePitchHz(const std::vector<float>& mono, int sampleRate);
+
+}  // namespace tessaly::audio::testing
