@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <iostream>
@@ -6,6 +7,7 @@
 
 int main(int argc, char** argv) {
     tessaly::ScriptOptions options;
+    if (const char* soundFont = std::getenv("TESSALY_SOUNDFONT")) options.soundFont = soundFont;
     const char* scriptPath = nullptr;
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--appdir") == 0 && i + 1 < argc) options.appDir = argv[++i];

@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "app/script/SynthRendering.h"
 #include "forms/Controls.h"
 #include "runtime/FatalFailure.h"
 #include "shell/Instrument.h"
@@ -59,18 +60,24 @@ std::string escapeValue(const std::string& value) {
     return out;
 }
 
+namespace {
+std::string chooseAppDir(const std::string& given, bool& owns) {
+    owns = given.empty();
+    return owns ? makeTempAppDir() : given;
+}
+}  // namespace
+
 ScriptDriver::ScriptDriver(ScriptOptions options, std::ostream& out)
     : options_(std::move(options)),
       out_(out),
-      midi_(loop_),
-      wave_(log_),
+      appDir_(chooseAppDir(options_.appDir, ownsAppDir_)),
+      synth_(options_.synth || !options_.wavPath.empty()
+                 ? std::make_unique<SynthRendering>(loop_, appDir_, options_.soundFont, options_.wavPath)
+                 : nullptr),
+      midi_(loop_, synth_ && options_.synth ? &synth_->midi() : nullptr),
+      wave_(log_, synth_ ? &synth_->wave() : nullptr),
       boxes_(log_),
       platform_{loop_, midi_, wave_, boxes_} {
-    appDir_ = options_.appDir;
-    if (appDir_.empty()) {
-        appDir_ = makeTempAppDir();
-        ownsAppDir_ = true;
-    }
     std::filesystem::create_directories(std::filesystem::path(appDir_) / "演奏记录");
     std::filesystem::create_directories(std::filesystem::path(appDir_) / "音效");
     instrument_ = std::make_unique<Instrument>(platform_, appDir_);
@@ -78,6 +85,7 @@ ScriptDriver::ScriptDriver(ScriptOptions options, std::ostream& out)
 
 ScriptDriver::~ScriptDriver() {
     instrument_.reset();
+    synth_.reset();
     if (ownsAppDir_) {
         std::error_code error;
         std::filesystem::remove_all(appDir_, error);
@@ -162,6 +170,7 @@ bool ScriptDriver::execute(const std::string& line) {
         long ms = parseNumber(rest);
         if (ms < 0) throw ScriptError("advance needs a positive number");
         loop_.advance(static_cast<uint64_t>(ms));
+        if (synth_) synth_->catchUp();
     } else if (command == "midi") {
         printMidi();
     } else if (command == "events") {

@@ -11,11 +11,13 @@
 namespace tessaly {
 
 class Instrument;
+class SynthRendering;
 
 struct ScriptOptions {
     std::string appDir;  // empty: a fresh temporary folder, removed at the end
     bool synth = false;
     std::string wavPath;
+    std::string soundFont;  // with --synth: this .sf2 instead of the usual search
 };
 
 // Runs the whole program without windows, in virtual time, on the recording
@@ -37,10 +39,11 @@ private:
 
     ScriptOptions options_;
     std::ostream& out_;
+    bool ownsAppDir_ = false;  // before appDir_: set while appDir_ is chosen
     std::string appDir_;
-    bool ownsAppDir_ = false;
     VirtualEventLoop loop_;
     EventLog log_;
+    std::unique_ptr<SynthRendering> synth_;  // with --synth: the real synthesizer behind the recording
     RecordingMidiPort midi_;
     RecordingWaveOut wave_;
     RecordingMessageBoxes boxes_;

@@ -1,0 +1,52 @@
+#include "app/script/SynthRendering.h"
+
+#include <stdexcept>
+
+namespace tessaly {
+
+SynthRendering::SynthRendering(const EventLoop& clock, const std::string& appDir, const std::string& soundFont,
+                               const std::string& wavPath)
+    : clock_(clock),
+      lastClock_(clock.nowMs()),
+      engine_(audio::AudioEngineOptions{audio::AudioOutput::Offline}),
+      synth_(engine_, {appDir, soundFont}),
+      effects_(engine_),
+      midi_(*this, synth_),
+      wave_(*this, effects_) {
+    if (!wavPath.empty() && !writer_.open(wavPath)) throw std::runtime_error("cannot write " + wavPath);
+    renderer_ = std::make_unique<audio::OfflineRenderer>(engine_, wavPath.empty() ? nullptr : &writer_);
+}
+
+SynthRendering::~SynthRendering() {
+    catchUp();
+    writer_.close();
+}
+
+void SynthRendering::catchUp() {
+    uint32_t now = clock_.nowMs();
+    elapsedMs_ += static_cast<uint32_t>(now - lastClock_);
+    lastClock_ = now;
+    renderer_->renderUntilMs(elapsedMs_);
+}
+
+int SynthRendering::SteppedMidi::close(uint32_t handle) {
+    owner_.catchUp();
+    return inner_.close(handle);
+}
+
+int SynthRendering::SteppedMidi::shortMessage(uint32_t handle, uint32_t message) {
+    owner_.catchUp();
+    return inner_.shortMessage(handle, message);
+}
+
+void SynthRendering::SteppedWave::setVolume(uint32_t volumeWord) {
+    owner_.catchUp();
+    inner_.setVolume(volumeWord);
+}
+
+bool SynthRendering::SteppedWave::playSound(const std::string& path, int flags) {
+    owner_.catchUp();
+    return inner_.playSound(path, flags);
+}
+
+}  // namespace tessaly

@@ -1,0 +1,118 @@
+// What a key press sounds like through the whole program: the script driver
+// renders the built-in synthesizer offline into a WAV, which is measured here.
+#include <gtest/gtest.h>
+#include <sndfile.h>
+
+#include <cstdlib>
+#include <sstream>
+
+#include "AudioTestSupport.h"
+#include "SignalAnalysis.h"
+#include "app/script/ScriptDriver.h"
+
+using namespace tessaly;
+using namespace tessaly::audio;
+using namespace tessaly::audio::testing;
+
+namespace {
+
+std::vector<float> readWav(const std::string& path, int& rate) {
+    SF_INFO info{};
+    SNDFILE* file = sf_open(path.c_str(), SFM_READ, &info);
+    EXPECT_NE(file, nullptr) << path;
+    if (!file) return {};
+    std::vector<float> frames(static_cast<std::size_t>(info.frames * info.channels));
+    sf_readf_float(file, frames.data(), info.frames);
+    sf_close(file);
+    rate = info.samplerate;
+    EXPECT_EQ(info.channels, 2);
+    return frames;
+}
+
+// Runs a script with the real synthesizer and returns the rendered sound.
+std::vector<float> play(const std::string& script, int& rate) {
+    TempFolder folder;
+    ScriptOptions options;
+    options.synth = true;
+    options.soundFont = kTestSoundFont;
+    options.wavPath = folder.file("take.wav");
+    options.appDir = folder.file("app");
+    std::ostringstream out;
+    {
+        ScriptDriver driver(options, out);
+        std::istringstream in(script);
+        EXPECT_EQ(driver.run(in), 0) << out.str();
+    }
+    return readWav(options.wavPath, rate);
+}
+
+// A piano alone on the first channel, so that one pitch sounds.
+const std::string kPianoAlone =
+    "start\n"
+    "set Form1.ComSounds(0).ListIndex 1\n"
+    "set Form1.ComSounds(1).ListIndex 0\n"
+    "set Form1.ComSounds(2).ListIndex 0\n"
+    "advance 200\n";
+
+// Silence in a 16-bit file: no sample beyond one step of the quantization.
+constexpr float kWavSilence = 1.5f / 32768.0f;
+
+std::size_t frameAt(int ms, int rate) { return static_cast<std::size_t>(ms) * static_cast<std::size_t>(rate) / 1000; }
+
+}  // namespace
+
+TEST(PlayedSound, KeyGSoundsMiddleCAndFollowsTheTonality) {
+    int rate = 0;
+    auto inC = play(kPianoAlone + "key down 71\nadvance 800\n", rate);
+    ASSERT_GT(rate, 0);
+    double hz = estimatePitchHz(channelOf(inC, 0, frameAt(300, rate), frameAt(900, rate)), rate);
+    EXPECT_NEAR(hz, 261.63, 261.63 * 0.01);
+
+    // S selects tonality D: the same key sounds two semitones higher
+    auto inD = play(kPianoAlone + "key down 83\nkey up 83\nkey down 71\nadvance 800\n", rate);
+    hz = estimatePitchHz(channelOf(inD, 0, frameAt(300, rate), frameAt(900, rate)), rate);
+    EXPECT_NEAR(hz, 293.66, 293.66 * 0.01);
+}
+
+TEST(PlayedSound, KeypadHitSoundsOnThePercussionChannel) {
+    int rate = 0;
+    // keypad 3 strikes the snare (38) at velocity 100 on channel 9
+    auto hit = play(kPianoAlone + "set StepTable(3,5).ShortMsg 6563481\nkey down 99\nadvance 500\n", rate);
+    EXPECT_LT(peak(channelOf(hit, 0, 0, frameAt(190, rate))), kWavSilence);
+    EXPECT_GT(peak(channelOf(hit, 0, frameAt(200, rate), frameAt(400, rate))), 0.01f);
+}
+
+TEST(PlayedSound, SpaceLetsEverythingDecayToSilence) {
+    int rate = 0;
+    // the three default instruments, the double on channel 2 included
+    // the strings release slowly through the reverb: silent within seven seconds
+    auto take = play("start\nadvance 100\nkey down 71\nadvance 500\nkey down 32\nadvance 8000\n", rate);
+    EXPECT_GT(rms(channelOf(take, 0, frameAt(200, rate), frameAt(600, rate))), 0.005);
+    EXPECT_LT(peak(channelOf(take, 0, frameAt(7600, rate))), kWavSilence);
+    EXPECT_LT(peak(channelOf(take, 1, frameAt(7600, rate))), kWavSilence);
+}
+
+// The command line itself: tessaly-script --synth --wav writes a WAV that is
+// loud where the notes are and silent where they are not.
+TEST(PlayedSound, ScriptDriverCommandWritesTheTake) {
+    TempFolder folder;
+    std::string script = folder.file("take.script");
+    {
+        std::FILE* f = std::fopen(script.c_str(), "w");
+        ASSERT_NE(f, nullptr);
+        std::fputs("start\nadvance 500\nkey down 71\nkey up 71\nadvance 749\nkey down 72\nkey up 72\n"
+                   "advance 428\nkey down 32\nkey up 32\nadvance 8000\n",
+                   f);
+        std::fclose(f);
+    }
+    std::string wav = folder.file("take.wav");
+    std::string command = std::string("TESSALY_SOUNDFONT=") + kTestSoundFont + " '" + TESSALY_SCRIPT_PATH +
+                          "' --synth --wav '" + wav + "' '" + script + "' > /dev/null 2>&1";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    int rate = 0;
+    auto take = readWav(wav, rate);
+    ASSERT_EQ(take.size() / 2, frameAt(500 + 749 + 428 + 8000, rate));
+    EXPECT_LT(peak(channelOf(take, 0, 0, frameAt(490, rate))), kWavSilence);             // before the first key
+    EXPECT_GT(rms(channelOf(take, 0, frameAt(550, rate), frameAt(1650, rate))), 0.005);  // KC and KD
+    EXPECT_LT(peak(channelOf(take, 0, frameAt(9000, rate))), kWavSilence);               // long after Space
+}
