@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/Platform.h"
+#include "platform/posix/FlockInstanceLock.h"
 #include "platform/testing/EventLog.h"
 #include "platform/testing/RecordingPlatform.h"
 #include "platform/testing/VirtualEventLoop.h"
@@ -16,6 +17,9 @@ struct ScriptOptions {
     std::string appDir;  // empty: a fresh temporary folder, removed at the end
     bool synth = false;
     std::string wavPath;
+    // The data that ships with the program, seeded into a new AppDir.
+    std::string shippedData = defaultShippedData();
+    static std::string defaultShippedData();
 };
 
 // Runs the whole program without windows, in virtual time, on the recording
@@ -34,6 +38,10 @@ private:
     bool execute(const std::string& line);
     void printMidi();
     void printEvents();
+    // "show FORM" and "hide FORM" go to the event log.
+    void logFormVisibility();
+    // Runs virtual time until the main window is active or the program ended.
+    void runUntilMainWindowActive();
 
     ScriptOptions options_;
     std::ostream& out_;
@@ -44,6 +52,8 @@ private:
     RecordingMidiPort midi_;
     RecordingWaveOut wave_;
     RecordingMessageBoxes boxes_;
+    FlockInstanceLock instanceLock_;
+    RecordingMciCommands mci_;
     Platform platform_;
     std::unique_ptr<Instrument> instrument_;
 };
