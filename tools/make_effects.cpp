@@ -79,14 +79,13 @@ void addAt(Buffer& out, const Buffer& sound, double startSeconds, double gain = 
     for (std::size_t i = 0; i < sound.size() && start + i < out.size(); ++i) out[start + i] += gain * sound[i];
 }
 
-// Short fade at both ends so no file starts or stops with a click.
-void fadeEnds(Buffer& b, double seconds = 0.01) {
-    auto n = std::min(b.size() / 2, static_cast<std::size_t>(seconds * kRate));
-    for (std::size_t i = 0; i < n; ++i) {
-        double g = static_cast<double>(i) / static_cast<double>(n);
-        b[i] *= g;
-        b[b.size() - 1 - i] *= g;
-    }
+// Fades so nothing starts or stops with a click: a 2 ms fade-in that keeps
+// the attack, and a fade-out of the given length.
+void fadeEnds(Buffer& b, double tailSeconds = 0.01) {
+    auto in = std::min(b.size() / 2, static_cast<std::size_t>(0.002 * kRate));
+    auto out = std::min(b.size() / 2, static_cast<std::size_t>(tailSeconds * kRate));
+    for (std::size_t i = 0; i < in; ++i) b[i] *= static_cast<double>(i) / static_cast<double>(in);
+    for (std::size_t i = 0; i < out; ++i) b[b.size() - 1 - i] *= static_cast<double>(i) / static_cast<double>(out);
 }
 
 void normalise(Buffer& b, double peak) {
@@ -120,6 +119,7 @@ Buffer struck(double fundamental, const std::vector<Partial>& partials, double s
     Bandpass knock(fundamental * 6.0, 0.8);
     for (std::size_t i = 0; i < out.size() && i < kRate / 20; ++i)
         out[i] += 0.25 * knock(noise.white()) * std::exp(-timeOf(i) / 0.008);
+    fadeEnds(out, 0.3);
     return out;
 }
 
@@ -217,9 +217,10 @@ Buffer flute() {
     double total = 0.0;
     for (const Note& n : tune) total += n.seconds;
     Buffer out = silence(total + 0.5);
-    OnePoleLowpass glide, breathTone;
+    OnePoleLowpass glide, breathTone, flutter;
     glide.setCutoff(60.0);
     breathTone.setCutoff(5000.0);
+    flutter.setCutoff(150.0);
     double phase = 0.0, start = 0.1;
     std::size_t i = static_cast<std::size_t>(start * kRate);
     for (std::size_t n = 0; n < tune.size(); ++n) {
@@ -238,12 +239,12 @@ Buffer flute() {
             // The membrane's buzz: bright upper harmonics that flutter with the breath.
             double buzz = 0.0;
             for (int h = 6; h <= 11; ++h) buzz += std::sin(h * phase) / h;
-            buzz *= 0.35 * (1.0 + 0.5 * noise.white());
+            buzz *= 0.35 * (1.0 + 4.0 * flutter(noise.white()));
             // Tonguing: each note starts with a short chiff, the phrase's last note fades.
             double attack = std::min(1.0, t / 0.03);
             double release = n + 1 == tune.size() ? std::exp(-std::max(0.0, t - 0.6) / 0.25) : 1.0;
             double chiff = std::exp(-t / 0.02);
-            double breath = breathTone(noise.white()) * (0.05 + 0.25 * chiff);
+            double breath = breathTone(noise.white()) * (0.025 + 0.15 * chiff);
             out[i] += (tone + buzz + breath) * attack * release;
         }
     }
@@ -258,7 +259,7 @@ Buffer flute() {
 Buffer tide() {
     Noise noise(53);
     Buffer out = silence(8.0);
-    OnePoleLowpass sea1, sea2, surf;
+    OnePoleLowpass sea1, sea2, surf1, surf2;
     sea1.setCutoff(250.0);
     sea2.setCutoff(250.0);
     const std::vector<double> crests = {0.9, 2.5, 4.0, 5.4, 6.8};
@@ -272,9 +273,11 @@ Buffer tide() {
             double shape = d < 0 ? std::exp(-d * d / (2 * 0.45 * 0.45)) : std::exp(-d / 0.9);
             level += size * shape;
         }
-        surf.setCutoff(300.0 + 3200.0 * std::min(level, 1.2));
-        double roar = sea2(sea1(noise.white())) * (2.0 + 0.3 * t / 8.0);
-        out[i] = surf(noise.white()) * level + roar;
+        double cutoff = 200.0 + 2800.0 * std::min(level, 1.2);
+        surf1.setCutoff(cutoff);
+        surf2.setCutoff(cutoff);
+        double roar = sea2(sea1(noise.white())) * (1.0 + 0.4 * t / 8.0);
+        out[i] = surf2(surf1(noise.white())) * std::pow(level, 1.5) * 1.6 + roar;
     }
     fadeEnds(out, 0.5);
     normalise(out, 0.9);
