@@ -3,13 +3,13 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QStandardPaths>
 #include <QVBoxLayout>
 #include <QWidget>
-#include <filesystem>
 
+#include "platform/posix/FlockInstanceLock.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/testing/RecordingPlatform.h"
+#include "shell/AppFolder.h"
 #include "shell/Instrument.h"
 
 namespace {
@@ -84,13 +84,13 @@ int main(int argc, char** argv) {
     tessaly::RecordingMidiPort midi(loop);
     tessaly::RecordingWaveOut wave(log);
     tessaly::RecordingMessageBoxes boxes(log);
-    tessaly::Platform platform{loop, midi, wave, boxes};
-    std::filesystem::path appDir =
-        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdString();
-    std::filesystem::create_directories(appDir / "演奏记录");
-    std::filesystem::create_directories(appDir / "音效");
-    tessaly::Instrument app(platform, appDir.string());
+    tessaly::FlockInstanceLock instanceLock;
+    tessaly::Platform platform{loop, midi, wave, boxes, instanceLock};
+    tessaly::Instrument app(platform, tessaly::appFolderFromEnvironment(), TESSALY_BUILD_DATA_DIR);
+    app.onEnd = [] { QApplication::quit(); };
     app.start();
+    // The start itself can end the program (another instance is running).
+    if (app.ended()) return 0;
     KeyboardWindow window(app);
     window.show();
     return QApplication::exec();

@@ -49,6 +49,9 @@ void Form::hide() {
 void Form::unload() {
     if (!loaded_) return;
     if (onUnload) onUnload();
+    // An unloaded form's timers no longer run.
+    for (auto& control : controls_)
+        if (auto* timer = dynamic_cast<TimerControl*>(control.get())) timer->setTimerEnabled(false);
     hide();
     loaded_ = false;
 }

@@ -37,7 +37,10 @@ MainWindow::MainWindow(ControlSystem& system, EventLoop& loop)
       Timer1(addTimer("Timer1")),
       Timer2(addTimer("Timer2")),
       Timer3(addTimer("Timer3")),
-      BZDS(addTimer("BZDS")) {
+      BZDS(addTimer("BZDS")),
+      File2(add<FileListBox>("File2")),
+      BCSZ(add<Button>("BCSZ")),
+      Command1(add<Button>("Command1")) {
     setCaption("Tessaly201705");
 
     SFYXYZ.setCaption("键盘");
@@ -69,6 +72,34 @@ MainWindow::MainWindow(ControlSystem& system, EventLoop& loop)
     for (int i = 0; i < 4; ++i) addElement(YQSZ, "YQSZ", i);
 
     Timer2.setInterval(1000);
+
+    addShortcutPage();
+    Command1.setCaption("退出");
+}
+
+void MainWindow::addShortcutPage() {
+    const char* effectKeys[6][2] = {{"Ins", "Insert"}, {"Hom", "Home"}, {"Pup", "PageUp"},
+                                    {"Del", "Delete"}, {"End", "End"}, {"Pdo", "PageDown"}};
+    for (int i = 0; i < 28; ++i) {
+        OptionButton& option = addElement(Option3, "Option3", i, "Option3");
+        if (i < 12) {
+            std::string key = "F" + std::to_string(i + 1);
+            option.setCaption(key);
+            option.setToolTip("点击我即可设置\"" + key + "\"键拥有的乐器切换快捷方式！");
+        } else if (i < 22) {
+            std::string digit = std::to_string(i - 12);
+            option.setCaption(digit);
+            option.setToolTip("点击我即可设置小键盘数字\"" + digit + "\"键所拥有的打击乐器的快捷方式！");
+        } else {
+            option.setCaption(effectKeys[i - 22][0]);
+            option.setToolTip(std::string("点击我即可设置\"") + effectKeys[i - 22][1] +
+                              "\"键所拥有的特殊音效播放的快捷方式！");
+        }
+    }
+    const char* labels[4] = {"乐器1", "乐器2", "乐器3", "打击乐器"};
+    for (int i = 0; i < 4; ++i) addElement(YUEQI, "YUEQI", i).setCaption(labels[i]);
+    File2.setPattern("*.wav");
+    BCSZ.setCaption("保  存");
 }
 
 }  // namespace tessaly

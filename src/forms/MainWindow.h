@@ -47,6 +47,19 @@ public:
     TimerControl& Timer2;
     TimerControl& Timer3;
     TimerControl& BZDS;
+
+    // Shortcut page: the 28 keys in one option group, the labels over the
+    // lists, the effect files and the save button
+    ControlArray<OptionButton> Option3;
+    ControlArray<Label> YUEQI;
+    FileListBox& File2;
+    Button& BCSZ;
+
+    // Exit
+    Button& Command1;
+
+private:
+    void addShortcutPage();
 };
 
 // Pictures of the on-screen keys.

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/EventLoop.h"
+#include "platform/InstanceLock.h"
+#include "platform/MciCommands.h"
 #include "platform/MessageBoxes.h"
 #include "platform/MidiPort.h"
 #include "platform/WaveOut.h"
@@ -13,6 +15,8 @@ struct Platform {
     MidiPort& midi;
     WaveOut& wave;
     MessageBoxes& boxes;
+    InstanceLock& instanceLock = noInstanceLock();
+    MciCommands& mci = noMciCommands();
 };
 
 }  // namespace tessaly

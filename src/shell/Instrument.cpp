@@ -3,6 +3,7 @@
 #include "notation/Catalogue.h"
 #include "notation/KeyTables.h"
 #include "notation/NoteVocabulary.h"
+#include "runtime/TextFiles.h"
 #include "shell/StateRegistry.h"
 
 namespace tessaly {
@@ -10,7 +11,7 @@ namespace tessaly {
 const char* const kStartHint =
     "    当键盘演奏无声时请将输入法切换为英语(美国)输入方式，演奏当中可用空格键终止演奏！";
 
-Instrument::Instrument(Platform& platform_, std::string appDir)
+Instrument::Instrument(Platform& platform_, std::string appDir, std::string shippedData)
     : platform(platform_),
       midi(platform_, state),
       form1(controls, platform_.loop),
@@ -18,9 +19,18 @@ Instrument::Instrument(Platform& platform_, std::string appDir)
       accompaniment(state, midi, form1, chords),
       effects(platform_, state, form1),
       keyboard(platform_, state, midi, form1, accompaniment, chords, effects),
-      appDir_(std::move(appDir)) {
+      DZQQD(controls, platform_.loop),
+      Form3(controls, platform_.loop),
+      settings(platform_, state, midi, form1),
+      shortcuts(platform_, state, midi, form1, effects),
+      startUp(*this),
+      appDir_(std::move(appDir)),
+      shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
     keyboard.wire();
+    shortcuts.wire();
+    startUp.wire();
+    form1.BCSZ.onClick = [this] { settings.BCSZ_Click(); };
     form1.ComDevies.onClick = [this] { ComDevies_Click(); };
     form1.onLoad = [this] { Form_Load(); };
     form1.onActivate = [this] { Form_Activate(); };
@@ -31,12 +41,14 @@ Instrument::~Instrument() = default;
 
 void Instrument::registerVariables() { registerSharedState(controls, state, midi); }
 
-void Instrument::start() { form1.show(); }
+void Instrument::start() { startUp.begin(); }
 
-void Instrument::close() {
-    midi.CloseMidi();
-    form1.unload();
+void Instrument::close() { startUp.Form1_Close(); }
+
+void Instrument::end() {
+    if (ended_) return;
     ended_ = true;
+    if (onEnd) onEnd();
 }
 
 void Instrument::Form_Load() {
@@ -53,6 +65,10 @@ void Instrument::Form_Load() {
 }
 
 void Instrument::Form_Activate() {
+    if (!settings.readAtActivation()) {
+        end();
+        return;
+    }
     form1.Text3.setText(state.ScoreText);
     if (!activated_) QDCSH();
     form1.SFYXYZ.setEnabled(true);
@@ -119,8 +135,26 @@ void Instrument::QDCSH() {
     midi.SetProgram(4, 0, static_cast<int16_t>(form1.Combo2.listIndex() - 1));
     midi.SetProgram(5, 0, static_cast<int16_t>(form1.Combo3.listIndex() - 1));
 
+    openFirstRhythmFile();
+    CSHX();
+
     state.ScoreText.clear();
     state.SinceNoteTicks = 0;
+}
+
+void Instrument::openFirstRhythmFile() {
+    // A missing folder is the file list's own failure; no rhythm file is no message.
+    form1.File1.setPath(state.AppDir + "演奏记录/");
+    form1.File1.setPattern("*.bin");
+    if (form1.File1.listCount() == 0) return;
+    std::optional<std::string> text = readTextFile(form1.File1.path() + form1.File1.item(0));
+    if (text && OpenJZwj) OpenJZwj(*text);
+}
+
+void Instrument::CSHX() {
+    // Only the position in the chord order is known before the chord page
+    // draws its order and figures.
+    state.ChordIndex = 1;
 }
 
 }  // namespace tessaly

@@ -1,15 +1,21 @@
 #pragma once
+#include <functional>
 #include <memory>
 #include <string>
 
 #include "chords/ChordLayers.h"
 #include "forms/ControlSystem.h"
+#include "forms/FarewellWindow.h"
 #include "forms/MainWindow.h"
+#include "forms/SplashWindow.h"
 #include "midi/MidiOut.h"
 #include "performance/EffectKeys.h"
 #include "performance/KeyboardPlay.h"
+#include "performance/ShortcutPage.h"
 #include "platform/Platform.h"
 #include "rhythm/Accompaniment.h"
+#include "shell/SettingsFile.h"
+#include "shell/StartUp.h"
 #include "state/SharedState.h"
 
 namespace tessaly {
@@ -19,21 +25,35 @@ namespace tessaly {
 // (real or scripted) gives it the platform and drives it.
 class Instrument {
 public:
-    Instrument(Platform& platform, std::string appDir);
+    // shippedData: the folder of the data that ships with the program, copied
+    // into a new AppDir on its first start.
+    Instrument(Platform& platform, std::string appDir, std::string shippedData = {});
     ~Instrument();
 
-    // The program starts as a user starts it: the main window loads, shows and
-    // is activated for the first time.
+    // The program starts as a user starts it: the splash window shows; its
+    // timer later shows the main window, which loads and is activated.
     void start();
-    // The user closes the main window.
+    // The user closes the main window: the farewell window ends the program later.
     void close();
     bool ended() const { return ended_; }
+    // The program ends at once.
+    void end();
+    std::function<void()> onEnd;
+    // The main window has been activated once.
+    bool activated() const { return activated_; }
+    const std::string& appDir() const { return appDir_; }
+    const std::string& shippedData() const { return shippedData_; }
 
     // Main window events.
     void Form_Load();
     void Form_Activate();
     void QDCSH();
     void ComDevies_Click();
+    // Chord order and figures at start-up.
+    void CSHX();
+
+    // Takes in the text of a rhythm file; set by the rhythm page.
+    std::function<void(const std::string& text)> OpenJZwj;
 
     Platform& platform;
     ControlSystem controls;
@@ -44,12 +64,19 @@ public:
     Accompaniment accompaniment;
     EffectKeys effects;
     KeyboardPlay keyboard;
+    SplashWindow DZQQD;
+    FarewellWindow Form3;
+    SettingsFile settings;
+    ShortcutPage shortcuts;
+    StartUp startUp;
 
 private:
     void registerVariables();
     void fillCatalogueLists();
+    void openFirstRhythmFile();
 
     std::string appDir_;
+    std::string shippedData_;
     bool activated_ = false;
     bool ended_ = false;
 };

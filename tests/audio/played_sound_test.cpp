@@ -57,7 +57,13 @@ const std::string kPianoAlone =
 // Silence in a 16-bit file: no sample beyond one step of the quantization.
 constexpr float kWavSilence = 1.5f / 32768.0f;
 
-std::size_t frameAt(int ms, int rate) { return static_cast<std::size_t>(ms) * static_cast<std::size_t>(rate) / 1000; }
+// `start` runs the splash window's three seconds before the main window is
+// ready; times below count from then.
+constexpr int kStartMs = 3000;
+
+std::size_t frameAt(int ms, int rate) {
+    return static_cast<std::size_t>(kStartMs + ms) * static_cast<std::size_t>(rate) / 1000;
+}
 
 }  // namespace
 
@@ -112,6 +118,7 @@ TEST(PlayedSound, ScriptDriverCommandWritesTheTake) {
     int rate = 0;
     auto take = readWav(wav, rate);
     ASSERT_EQ(take.size() / 2, frameAt(500 + 749 + 428 + 8000, rate));
+    EXPECT_LT(peak(channelOf(take, 0, 0, frameAt(0, rate))), kWavSilence);  // the splash
     EXPECT_LT(peak(channelOf(take, 0, 0, frameAt(490, rate))), kWavSilence);             // before the first key
     EXPECT_GT(rms(channelOf(take, 0, frameAt(550, rate), frameAt(1650, rate))), 0.005);  // KC and KD
     EXPECT_LT(peak(channelOf(take, 0, frameAt(9000, rate))), kWavSilence);               // long after Space

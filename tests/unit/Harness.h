@@ -28,6 +28,8 @@ struct Harness {
         app = std::make_unique<Instrument>(platform, appDir.string());
         if (started) {
             app->start();
+            // The splash window hands over to the main window after its timer.
+            while (!app->activated() && !app->ended()) loop.advance(1);
             midiPort.take();
         }
     }

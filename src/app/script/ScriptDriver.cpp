@@ -77,10 +77,35 @@ ScriptDriver::ScriptDriver(ScriptOptions options, std::ostream& out)
       midi_(loop_, synth_ && options_.synth ? &synth_->midi() : nullptr),
       wave_(log_, synth_ ? &synth_->wave() : nullptr),
       boxes_(log_),
-      platform_{loop_, midi_, wave_, boxes_} {
-    std::filesystem::create_directories(std::filesystem::path(appDir_) / "演奏记录");
-    std::filesystem::create_directories(std::filesystem::path(appDir_) / "音效");
-    instrument_ = std::make_unique<Instrument>(platform_, appDir_);
+      mci_(log_),
+      platform_{loop_, midi_, wave_, boxes_, instanceLock_, mci_} {
+    instrument_ = std::make_unique<Instrument>(platform_, appDir_, options_.shippedData);
+    logFormVisibility();
+}
+
+std::string ScriptOptions::defaultShippedData() {
+    if (const char* dir = std::getenv("TESSALY_SHIPPED_DATA")) return dir;
+    return TESSALY_BUILD_DATA_DIR;
+}
+
+void ScriptDriver::logFormVisibility() {
+    for (const char* name : {"DZQQD", "Form1", "Form3", "YYBJ", "YYLR"}) {
+        Control* form = instrument_->controls.findControl(name);
+        if (!form) continue;
+        form->observe([this](Control& c, Prop prop) {
+            if (prop == Prop::Visible) log_.add((c.visible() ? "show " : "hide ") + c.name());
+        });
+    }
+}
+
+void ScriptDriver::runUntilMainWindowActive() {
+    // The splash's timer hands over after a few seconds; a start that takes
+    // longer than a minute of virtual time is stuck.
+    for (int ms = 0; ms < 60000; ++ms) {
+        if (instrument_->activated() || instrument_->ended()) return;
+        loop_.advance(1);
+    }
+    throw ScriptError("the main window never became active");
 }
 
 ScriptDriver::~ScriptDriver() {
@@ -131,6 +156,7 @@ bool ScriptDriver::execute(const std::string& line) {
 
     if (command == "start") {
         instrument_->start();
+        runUntilMainWindowActive();
     } else if (command == "key") {
         std::istringstream words(rest);
         std::string direction, code, shift;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/Platform.h"
+#include "platform/posix/FlockInstanceLock.h"
 #include "platform/testing/EventLog.h"
 #include "platform/testing/RecordingPlatform.h"
 #include "platform/testing/VirtualEventLoop.h"
@@ -18,6 +19,9 @@ struct ScriptOptions {
     bool synth = false;
     std::string wavPath;
     std::string soundFont;  // with --synth: this .sf2 instead of the usual search
+    // The data that ships with the program, seeded into a new AppDir.
+    std::string shippedData = defaultShippedData();
+    static std::string defaultShippedData();
 };
 
 // Runs the whole program without windows, in virtual time, on the recording
@@ -36,6 +40,10 @@ private:
     bool execute(const std::string& line);
     void printMidi();
     void printEvents();
+    // "show FORM" and "hide FORM" go to the event log.
+    void logFormVisibility();
+    // Runs virtual time until the main window is active or the program ended.
+    void runUntilMainWindowActive();
 
     ScriptOptions options_;
     std::ostream& out_;
@@ -47,6 +55,8 @@ private:
     RecordingMidiPort midi_;
     RecordingWaveOut wave_;
     RecordingMessageBoxes boxes_;
+    FlockInstanceLock instanceLock_;
+    RecordingMciCommands mci_;
     Platform platform_;
     std::unique_ptr<Instrument> instrument_;
 };

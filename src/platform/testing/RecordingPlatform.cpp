@@ -66,4 +66,9 @@ void RecordingMessageBoxes::plainBox(const std::string& text) {
     log_.add("box |" + text);
 }
 
+std::string RecordingMciCommands::send(const std::string& command) {
+    log_.add("mci " + command);
+    return {};
+}
+
 }  // namespace tessaly

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/EventLoop.h"
+#include "platform/MciCommands.h"
 #include "platform/MessageBoxes.h"
 #include "platform/MidiPort.h"
 #include "platform/WaveOut.h"
@@ -66,6 +67,16 @@ public:
     explicit RecordingMessageBoxes(EventLog& log) : log_(log) {}
     void timedBox(const std::string& title, const std::string& text, int timeoutMs) override;
     void plainBox(const std::string& text) override;
+
+private:
+    EventLog& log_;
+};
+
+// Records every recorder command as "mci COMMAND" and replies nothing.
+class RecordingMciCommands : public MciCommands {
+public:
+    explicit RecordingMciCommands(EventLog& log) : log_(log) {}
+    std::string send(const std::string& command) override;
 
 private:
     EventLog& log_;

@@ -1,0 +1,33 @@
+#include "platform/posix/FlockInstanceLock.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+namespace tessaly {
+
+FlockInstanceLock::~FlockInstanceLock() {
+    if (fd_ >= 0) close(fd_);
+}
+
+bool FlockInstanceLock::acquire(const std::string& folder) {
+    if (fd_ >= 0) return true;
+    std::filesystem::path path = std::filesystem::path(folder) / "tessaly.lock";
+    std::error_code error;
+    // A second instance finds both in place: opening an existing file for
+    // reading changes nothing.
+    if (!std::filesystem::exists(path, error)) std::filesystem::create_directories(folder, error);
+    int fd = open(path.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0644);
+    // Without a lock file nobody can hold the lock either: let the program run.
+    if (fd < 0) return true;
+    if (flock(fd, LOCK_EX | LOCK_NB) != 0) {
+        close(fd);
+        return false;
+    }
+    fd_ = fd;
+    return true;
+}
+
+}  // namespace tessaly

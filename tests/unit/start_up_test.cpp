@@ -1,0 +1,87 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "Harness.h"
+#include "runtime/TextFiles.h"
+#include "shell/AppFolder.h"
+#include "shell/SettingsFile.h"
+
+namespace tessaly {
+namespace {
+
+TEST(StartUp, TheMainWindowLoadsThenActivatesThenInitialisesOnce) {
+    testing::Harness h(false);
+    Settings s = defaultSettings();
+    s.check1 = 1;
+    std::ofstream(h.appDir / kSettingsFileName, std::ios::binary) << joinLines(settingsLines(s));
+    MainWindow& f = h.app->form1;
+    std::vector<std::string> seen;
+    // One observable step of each stage: the device list of Form_Load, the
+    // settings read first in Form_Activate, the defaults of QDCSH, and the
+    // hidden label after it.
+    f.ComDevies.observe([&](Control&, Prop p) { if (p == Prop::ListIndex) seen.push_back("Form_Load"); });
+    f.Check1.observe([&](Control&, Prop p) { if (p == Prop::Value) seen.push_back("Form_Activate"); });
+    f.ComSounds[0].observe([&](Control&, Prop p) { if (p == Prop::ListIndex) seen.push_back("QDCSH"); });
+    f.Label1.observe([&](Control&, Prop p) { if (p == Prop::Visible) seen.push_back("Label1"); });
+
+    h.app->start();
+    EXPECT_TRUE(h.app->DZQQD.visible());
+    EXPECT_EQ(h.app->DZQQD.cornerRadius(), 35);
+    h.loop.advance(2999);
+    EXPECT_FALSE(f.loaded());
+    EXPECT_TRUE(seen.empty());
+    h.loop.advance(1);
+    EXPECT_TRUE(f.visible());
+    EXPECT_FALSE(h.app->DZQQD.loaded());
+    EXPECT_TRUE(h.app->activated());
+    EXPECT_EQ(seen, (std::vector<std::string>{"Form_Load", "Form_Activate", "QDCSH", "Label1"}));
+}
+
+class Refused : public InstanceLock {
+public:
+    bool acquire(const std::string&) override { return false; }
+};
+
+TEST(StartUp, ASecondInstanceSaysSoAndTouchesNoFile) {
+    VirtualEventLoop loop;
+    EventLog log;
+    RecordingMidiPort midi{loop};
+    RecordingWaveOut wave{log};
+    RecordingMessageBoxes boxes{log};
+    Refused lock;
+    Platform platform{loop, midi, wave, boxes, lock};
+    auto dir = std::filesystem::temp_directory_path() / "tessaly-refused-test";
+    std::filesystem::remove_all(dir);
+    Instrument app(platform, dir.string());
+    app.start();
+    EXPECT_TRUE(app.ended());
+    EXPECT_FALSE(app.DZQQD.visible());
+    EXPECT_EQ(log.take(), std::vector<std::string>{"box 提示|你已经运行这个应用程序了！"});
+    EXPECT_FALSE(std::filesystem::exists(dir));
+}
+
+TEST(AppFolder, PortableFolderFirstThenTheXdgDataHome) {
+    EXPECT_EQ(appFolderFor("/opt/t", "/x", "/home/u"), "/opt/t/");
+    EXPECT_EQ(appFolderFor(nullptr, "/x/data", "/home/u"), "/x/data/tessaly/");
+    EXPECT_EQ(appFolderFor("", "relative", "/home/u"), "/home/u/.local/share/tessaly/");
+}
+
+TEST(AppFolder, SeedsOnlyFoldersThatAreNotThereYet) {
+    auto root = std::filesystem::temp_directory_path() / "tessaly-seed-test";
+    std::filesystem::remove_all(root);
+    std::filesystem::create_directories(root / "shipped" / "音效");
+    std::ofstream(root / "shipped" / "音效" / "钟声.wav ") << "bell";
+    std::string app = (root / "app").string() + "/";
+    seedAppFolder(app, (root / "shipped").string());
+    EXPECT_TRUE(std::filesystem::exists(root / "app" / "音效" / "钟声.wav "));
+    EXPECT_TRUE(std::filesystem::is_directory(root / "app" / "演奏记录"));
+    // A user who removed an effect keeps it removed.
+    std::filesystem::remove(root / "app" / "音效" / "钟声.wav ");
+    seedAppFolder(app, (root / "shipped").string());
+    EXPECT_FALSE(std::filesystem::exists(root / "app" / "音效" / "钟声.wav "));
+    std::filesystem::remove_all(root);
+}
+
+}  // namespace
+}  // namespace tessaly
