@@ -18,9 +18,11 @@ Instrument::Instrument(Platform& platform_, std::string appDir)
       accompaniment(state, midi, form1, chords),
       effects(platform_, state, form1),
       keyboard(platform_, state, midi, form1, accompaniment, chords, effects),
+      panels(form1),
       appDir_(std::move(appDir)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
     keyboard.wire();
+    panels.wire();
     form1.ComDevies.onClick = [this] { ComDevies_Click(); };
     form1.onLoad = [this] { Form_Load(); };
     form1.onActivate = [this] { Form_Activate(); };

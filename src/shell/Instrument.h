@@ -10,6 +10,7 @@
 #include "performance/KeyboardPlay.h"
 #include "platform/Platform.h"
 #include "rhythm/Accompaniment.h"
+#include "shell/MainPanels.h"
 #include "state/SharedState.h"
 
 namespace tessaly {
@@ -44,6 +45,7 @@ public:
     Accompaniment accompaniment;
     EffectKeys effects;
     KeyboardPlay keyboard;
+    MainPanels panels;
 
 private:
     void registerVariables();
