@@ -88,7 +88,7 @@ bool BoundWidgetEvents::key(Control& control, QObject* watched, QEvent* event) {
     if (code == 0 || !handler) return keepsKeys;
     auto keyCode = static_cast<int16_t>(code);
     handler(keyCode, shiftOf(keyEvent->modifiers()));
-    // A handler that clears the code swallows the key, as on the original platform.
+    // A handler that clears the code swallows the key.
     return keepsKeys || keyCode == 0;
 }
 
