@@ -16,12 +16,14 @@ void ControlSystem::setFocus(Control& control) {
     if (old && old->onLostFocus) old->onLostFocus();
     // A LostFocus handler may have moved the focus elsewhere already.
     if (focused_ == &control && control.onGotFocus) control.onGotFocus();
+    if (onFocusChanged) onFocusChanged();
 }
 
 void ControlSystem::dropFocus(Control& control) {
     if (focused_ != &control) return;
     focused_ = nullptr;
     if (control.onLostFocus) control.onLostFocus();
+    if (onFocusChanged) onFocusChanged();
 }
 
 void ControlSystem::registerControl(Control& control) { controls_[control.fullName()] = &control; }

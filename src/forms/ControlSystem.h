@@ -27,6 +27,9 @@ public:
     // Focus leaves a control that is disabled, hidden or destroyed.
     void dropFocus(Control& control);
 
+    // Called whenever the focus owner has changed, so that views can follow.
+    std::function<void()> onFocusChanged;
+
     void registerControl(Control& control);
     void unregisterControl(Control& control);
     Control* findControl(const std::string& fullName) const;

@@ -71,6 +71,13 @@ MainWindow::MainWindow(ControlSystem& system, EventLoop& loop)
     addItems(VsbVol, {"50", "60", "70", "80", "90", "100", "110", "120"});
     for (int i = 0; i < 4; ++i) addElement(YQSZ, "YQSZ", i);
 
+    const char* tabCaptions[] = {"旋 律", "和 弦", "节 奏", "", "帮 助", "设 置"};
+    for (int i : {0, 1, 2, 4, 5}) {
+        addElement(Xxk, "Xxk", i, "Xxk").setCaption(tabCaptions[i]);
+        addElement(Jiezhou, "Jiezhou", i).setVisible(i == 0);
+    }
+    Xxk[0].setValue(true);
+
     Timer2.setInterval(1000);
 
     addShortcutPage();

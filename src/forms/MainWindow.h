@@ -1,6 +1,7 @@
 #pragma once
 #include "forms/FileListBox.h"
 #include "forms/Form.h"
+#include "forms/TabButton.h"
 
 namespace tessaly {
 
@@ -41,6 +42,10 @@ public:
 
     // Shortcut page lists
     ControlArray<ComboBox> YQSZ;
+
+    // Tabs and the panels they open (index 3 is not used)
+    ControlArray<TabButton> Xxk;
+    ControlArray<PictureBox> Jiezhou;
 
     // Clocks
     TimerControl& Timer1;

@@ -24,12 +24,14 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       settings(platform_, state, midi, form1),
       shortcuts(platform_, state, midi, form1, effects),
       startUp(*this),
+      panels(form1),
       appDir_(std::move(appDir)),
       shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
     keyboard.wire();
     shortcuts.wire();
     startUp.wire();
+    panels.wire();
     form1.BCSZ.onClick = [this] { settings.BCSZ_Click(); };
     form1.ComDevies.onClick = [this] { ComDevies_Click(); };
     form1.onLoad = [this] { Form_Load(); };

@@ -16,6 +16,7 @@
 #include "rhythm/Accompaniment.h"
 #include "shell/SettingsFile.h"
 #include "shell/StartUp.h"
+#include "shell/MainPanels.h"
 #include "state/SharedState.h"
 
 namespace tessaly {
@@ -69,6 +70,7 @@ public:
     SettingsFile settings;
     ShortcutPage shortcuts;
     StartUp startUp;
+    MainPanels panels;
 
 private:
     void registerVariables();

@@ -1,0 +1,17 @@
+#include "SoundSystem.h"
+
+#include <cstdlib>
+
+namespace tessaly {
+
+namespace {
+std::string soundFontOverride() {
+    const char* path = std::getenv("TESSALY_SOUNDFONT");
+    return path ? path : "";
+}
+}  // namespace
+
+SoundSystem::SoundSystem(const std::string& appDir)
+    : engine(), midi(engine, {appDir, soundFontOverride()}), wave(engine) {}
+
+}  // namespace tessaly

@@ -1,0 +1,96 @@
+#include "ui/ControlBinder.h"
+
+#include <QSignalBlocker>
+
+#include "forms/ControlSystem.h"
+#include "ui/BoundWidgetEvents.h"
+#include "ui/KindBindings.h"
+
+namespace tessaly {
+
+namespace {
+
+// Every property, to show a control as it stands when it is bound.
+constexpr Prop kAllProps[] = {Prop::Items,   Prop::ListIndex, Prop::Value,   Prop::Caption,  Prop::Text,
+                              Prop::Selection, Prop::Picture, Prop::ToolTip, Prop::Geometry, Prop::Enabled,
+                              Prop::Visible};
+
+void applyCommon(const Control& control, QWidget& widget, Prop prop) {
+    switch (prop) {
+    case Prop::Enabled: widget.setEnabled(control.enabled()); break;
+    case Prop::Visible: widget.setVisible(control.visible()); break;
+    case Prop::ToolTip: widget.setToolTip(QString::fromStdString(control.toolTip())); break;
+    case Prop::Geometry: {
+        const Geometry& g = control.geometry();
+        if (!widget.isWindow() && g.width > 0 && g.height > 0) widget.setGeometry(g.left, g.top, g.width, g.height);
+        break;
+    }
+    default: break;
+    }
+}
+
+}  // namespace
+
+ControlBinder::ControlBinder(ControlSystem& system)
+    : system_(system), events_(std::make_unique<BoundWidgetEvents>(*this)) {
+    system_.onFocusChanged = [this] { followModelFocus(); };
+}
+
+ControlBinder::~ControlBinder() {
+    system_.onFocusChanged = nullptr;
+    for (auto& [name, binding] : bindings_) {
+        // A control removed at run time is gone from the registry: nothing to detach.
+        if (system_.findControl(name) == binding.control) binding.control->unobserve(binding.observer);
+        if (binding.widget) binding.widget->removeEventFilter(events_.get());
+    }
+}
+
+void ControlBinder::bind(Control& control, QWidget& widget) {
+    ApplyChange applyKind = bindKind(control, widget);
+    QPointer<QWidget> guarded(&widget);
+    auto apply = [guarded, applyKind, &control](Prop prop) {
+        if (!guarded) return;
+        QSignalBlocker blocker(guarded.data());
+        applyKind(prop);
+        applyCommon(control, *guarded, prop);
+    };
+    for (Prop prop : kAllProps) apply(prop);
+    int observer = control.observe([apply](Control&, Prop prop) { apply(prop); });
+    bindings_[control.fullName()] = Binding{&control, guarded, observer};
+    byWidget_[&widget] = &control;
+    QObject::connect(&widget, &QObject::destroyed, events_.get(), [this](QObject* gone) { byWidget_.erase(gone); });
+    widget.installEventFilter(events_.get());
+    if (control.hasFocus()) followModelFocus();
+}
+
+QWidget* ControlBinder::widgetOf(const std::string& fullName) const {
+    auto it = bindings_.find(fullName);
+    return it == bindings_.end() ? nullptr : it->second.widget.data();
+}
+
+Control* ControlBinder::controlOf(const QObject* widget) const {
+    auto it = byWidget_.find(widget);
+    return it == byWidget_.end() ? nullptr : it->second;
+}
+
+Control* ControlBinder::owningControl(const QWidget* widget) const {
+    for (; widget; widget = widget->parentWidget())
+        if (Control* control = controlOf(widget)) return control;
+    return nullptr;
+}
+
+std::map<std::string, QWidget*> ControlBinder::boundWidgets() const {
+    std::map<std::string, QWidget*> out;
+    for (const auto& [name, binding] : bindings_)
+        if (binding.widget) out[name] = binding.widget.data();
+    return out;
+}
+
+void ControlBinder::followModelFocus() {
+    Control* focused = system_.focused();
+    if (!focused) return;
+    QWidget* widget = widgetOf(*focused);
+    if (widget && !widget->hasFocus()) widget->setFocus(Qt::OtherFocusReason);
+}
+
+}  // namespace tessaly

@@ -1,0 +1,50 @@
+#include "ui/GuardedApplication.h"
+
+#include <QMessageBox>
+#include <exception>
+
+#include "runtime/FatalFailure.h"
+
+namespace tessaly {
+
+GuardedApplication::GuardedApplication(int& argc, char** argv) : QApplication(argc, argv) {}
+
+bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
+    // Once failed, nothing of the program runs any more: its timers are still
+    // and only the box that tells of the failure lives.
+    if (failed_ && event->type() == QEvent::Timer && !belongsToFailureBox(receiver)) return true;
+    std::string message;
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const FatalFailure& failure) {
+        message = failure.what();
+    } catch (const std::exception& error) {
+        message = error.what();
+    }
+    reportFailure(message);
+    return true;
+}
+
+void GuardedApplication::reportFailure(const std::string& message) {
+    if (handler_) handler_(message);
+    else endWithMessage(message);
+}
+
+void GuardedApplication::endWithMessage(const std::string& message) {
+    if (failed_) return;
+    failed_ = true;
+    auto* box = new QMessageBox(QMessageBox::Critical, applicationDisplayName(),
+                                QStringLiteral("运行时错误：%1").arg(QString::fromStdString(message)));
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    failureBox_ = box;
+    box->exec();
+    exit(kFailureExitCode);
+}
+
+bool GuardedApplication::belongsToFailureBox(QObject* receiver) const {
+    for (QObject* o = receiver; o; o = o->parent())
+        if (o == failureBox_) return true;
+    return false;
+}
+
+}  // namespace tessaly

@@ -1,0 +1,39 @@
+#pragma once
+#include <QApplication>
+#include <QPointer>
+#include <functional>
+#include <string>
+
+namespace tessaly {
+
+// The application object that stands between Qt and the program's handlers: a
+// run-time failure (or any exception) escaping a handler, from a widget or a
+// timer, never unwinds through Qt. By default it ends the program with a
+// message box that names the failure.
+class GuardedApplication : public QApplication {
+public:
+    GuardedApplication(int& argc, char** argv);
+
+    // What to do with the message of a failure instead of the default ending.
+    using FailureHandler = std::function<void(const std::string& message)>;
+    void setFailureHandler(FailureHandler handler) { handler_ = std::move(handler); }
+    bool failed() const { return failed_; }
+
+    bool notify(QObject* receiver, QEvent* event) override;
+
+    // A failure caught outside event delivery (during start-up) ends the same way.
+    void reportFailure(const std::string& message);
+
+private:
+    void endWithMessage(const std::string& message);
+    bool belongsToFailureBox(QObject* receiver) const;
+
+    FailureHandler handler_;
+    bool failed_ = false;
+    QPointer<QWidget> failureBox_;
+};
+
+// The exit status of a program ended by a run-time failure.
+constexpr int kFailureExitCode = 3;
+
+}  // namespace tessaly

@@ -1,0 +1,99 @@
+#include "ui/MainWindowView.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QLabel>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+#include "forms/MainWindow.h"
+#include "notation/NoteVocabulary.h"
+#include "ui/InstrumentStyle.h"
+#include "ui/MainWindowLayout.h"
+#include "ui/PictureView.h"
+#include "ui/Pictures.h"
+
+namespace tessaly {
+
+MainWindowView::MainWindowView(MainWindow& model) : model_(model), binder_(model.controlSystem()) {
+    setObjectName(QStringLiteral("mainWindow"));
+    setFont(instrumentFont());
+    setStyleSheet(instrumentStyleSheet());
+    placeMainWindowControls(model_);
+
+    for (auto& [index, tab] : model_.Xxk) make<QPushButton>(*tab, *this, "tab");
+    for (auto& [index, panel] : model_.Jiezhou) {
+        auto& view = make<PictureView>(*panel, *this, "panel");
+        if (index == 0) buildMelodyPanel(view);
+    }
+
+    auto& score = make<QPlainTextEdit>(model_.Text3, *this, "score");
+    score.setFont(scoreFont());
+    score.setLineWrapMode(QPlainTextEdit::WidgetWidth);
+
+    auto& keyboardButton = make<QPushButton>(model_.SFYXYZ, *this, "keyboardButton");
+    // Every key must reach the instrument: no input method may take them.
+    keyboardButton.setAttribute(Qt::WA_InputMethodEnabled, false);
+    keyboardButton.setAutoDefault(false);
+
+    auto& information = make<QLabel>(model_.XSWB, *this, "information");
+    information.setWordWrap(true);
+    information.setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    make<QLabel>(model_.FJWZ, *this, "status");
+    make<QLabel>(model_.Label1, *this, "muteStrip").setAlignment(Qt::AlignCenter);
+    buildKeyboard();
+
+    binder_.bind(model_, *this);
+}
+
+template <typename W>
+W& MainWindowView::make(Control& control, QWidget& parent, const char* objectName) {
+    auto* widget = new W(&parent);
+    if (objectName) widget->setObjectName(QString::fromUtf8(objectName));
+    binder_.bind(control, *widget);
+    return *widget;
+}
+
+void MainWindowView::buildMelodyPanel(QWidget& panel) {
+    for (const PanelCaption& caption : melodyPanelCaptions()) {
+        auto* label = new QLabel(QString::fromUtf8(caption.text), &panel);
+        label->setGeometry(caption.place);
+    }
+    for (int i = 0; i < 3; ++i) {
+        make<QComboBox>(model_.ComSounds[i], panel).setMaxVisibleItems(20);
+        make<QComboBox>(model_.Zxlyl[i], panel);
+        make<QCheckBox>(model_.Check3[i], panel);
+    }
+    // The tempo box takes typed values too: editable before it is bound.
+    auto* tempo = new QComboBox(&panel);
+    tempo->setEditable(true);
+    tempo->setInsertPolicy(QComboBox::NoInsert);
+    binder_.bind(model_.SD, *tempo);
+    make<QComboBox>(model_.YD, panel).setMaxVisibleItems(12);
+    make<QCheckBox>(model_.Check1, panel);
+    make<QCheckBox>(model_.Check5, panel);
+    make<QComboBox>(model_.ComDevies, panel);
+}
+
+void MainWindowView::buildKeyboard() {
+    std::vector<PictureView*> blackKeys;
+    for (int offset = 0; offset < kOnScreenKeyCount; ++offset) {
+        auto& key = make<PictureView>(model_.Picture1[offset], *this);
+        if (!isWhiteKey(offset)) blackKeys.push_back(&key);
+    }
+    for (PictureView* key : blackKeys) key->raise();
+}
+
+void MainWindowView::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    drawMainBackground(painter, rect(), mainWindowCards());
+}
+
+void MainWindowView::closeEvent(QCloseEvent* event) {
+    if (onUserClose) onUserClose();
+    event->accept();
+}
+
+}  // namespace tessaly
