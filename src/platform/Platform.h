@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Dialogs.h"
 #include "platform/EventLoop.h"
 #include "platform/MessageBoxes.h"
 #include "platform/MidiPort.h"
@@ -13,6 +14,8 @@ struct Platform {
     MidiPort& midi;
     WaveOut& wave;
     MessageBoxes& boxes;
+    // File dialogs and the input box; none given, every dialog is cancelled.
+    Dialogs* dialogs = nullptr;
 };
 
 }  // namespace tessaly

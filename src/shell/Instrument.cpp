@@ -18,9 +18,15 @@ Instrument::Instrument(Platform& platform_, std::string appDir)
       accompaniment(state, midi, form1, chords),
       effects(platform_, state, form1),
       keyboard(platform_, state, midi, form1, accompaniment, chords, effects),
+      dialogs(platform_.dialogs ? *platform_.dialogs : unansweredDialogs),
+      rhythmFiles(platform_, state, form1),
+      scorePlayer(platform_, state, midi, form1, accompaniment, chords, rhythmFiles, dialogs),
+      scorePanel(state, form1, scorePlayer, chords, dialogs, controls),
       appDir_(std::move(appDir)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
     keyboard.wire();
+    scorePlayer.wire();
+    scorePanel.wire();
     form1.ComDevies.onClick = [this] { ComDevies_Click(); };
     form1.onLoad = [this] { Form_Load(); };
     form1.onActivate = [this] { Form_Activate(); };

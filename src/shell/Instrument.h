@@ -9,7 +9,11 @@
 #include "performance/EffectKeys.h"
 #include "performance/KeyboardPlay.h"
 #include "platform/Platform.h"
+#include "platform/testing/ScriptedDialogs.h"
 #include "rhythm/Accompaniment.h"
+#include "rhythm/RhythmFiles.h"
+#include "score/ScorePanel.h"
+#include "score/ScorePlayer.h"
 #include "state/SharedState.h"
 
 namespace tessaly {
@@ -44,6 +48,12 @@ public:
     Accompaniment accompaniment;
     EffectKeys effects;
     KeyboardPlay keyboard;
+    // Answers cancel to every dialog while the platform gives none.
+    ScriptedDialogs unansweredDialogs;
+    Dialogs& dialogs;
+    RhythmFiles rhythmFiles;
+    ScorePlayer scorePlayer;
+    ScorePanel scorePanel;
 
 private:
     void registerVariables();

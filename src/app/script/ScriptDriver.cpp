@@ -10,6 +10,7 @@
 
 #include "forms/Controls.h"
 #include "runtime/FatalFailure.h"
+#include "score/ScoreFiles.h"
 #include "shell/Instrument.h"
 
 namespace tessaly {
@@ -65,7 +66,7 @@ ScriptDriver::ScriptDriver(ScriptOptions options, std::ostream& out)
       midi_(loop_),
       wave_(log_),
       boxes_(log_),
-      platform_{loop_, midi_, wave_, boxes_} {
+      platform_{loop_, midi_, wave_, boxes_, &dialogs_} {
     appDir_ = options_.appDir;
     if (appDir_.empty()) {
         appDir_ = makeTempAppDir();
@@ -73,6 +74,7 @@ ScriptDriver::ScriptDriver(ScriptOptions options, std::ostream& out)
     }
     std::filesystem::create_directories(std::filesystem::path(appDir_) / "演奏记录");
     std::filesystem::create_directories(std::filesystem::path(appDir_) / "音效");
+    seedDemoScores(appDir_);
     instrument_ = std::make_unique<Instrument>(platform_, appDir_);
 }
 
@@ -166,6 +168,13 @@ bool ScriptDriver::execute(const std::string& line) {
         printMidi();
     } else if (command == "events") {
         printEvents();
+    } else if (command == "dialog") {
+        if (rest.empty()) throw ScriptError("dialog PATH or dialog cancel");
+        // A relative path names a file in the program's data folder.
+        std::filesystem::path path = std::filesystem::path(appDir_) / rest;
+        dialogs_.queueFileAnswer(rest == "cancel" ? std::nullopt : std::optional<std::string>(path.string()));
+    } else if (command == "input") {
+        dialogs_.queueInputAnswer(rest == "cancel" ? std::nullopt : std::optional<std::string>(rest));
     } else if (command == "quit") {
         instrument_->close();
     } else {

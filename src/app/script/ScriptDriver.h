@@ -6,6 +6,7 @@
 #include "platform/Platform.h"
 #include "platform/testing/EventLog.h"
 #include "platform/testing/RecordingPlatform.h"
+#include "platform/testing/ScriptedDialogs.h"
 #include "platform/testing/VirtualEventLoop.h"
 
 namespace tessaly {
@@ -44,6 +45,7 @@ private:
     RecordingMidiPort midi_;
     RecordingWaveOut wave_;
     RecordingMessageBoxes boxes_;
+    ScriptedDialogs dialogs_;
     Platform platform_;
     std::unique_ptr<Instrument> instrument_;
 };
