@@ -182,6 +182,8 @@ void ScorePlayer::note(const ScoreItem& item) {
 
 void ScorePlayer::rest() {
     state_.PendingNote = kRestCode;
+    // A rest takes the tempo of its read too, like a note.
+    form_.Timer3.setInterval(state_.TickMs);
     for (int n = 0; n <= 63; ++n) {
         auto note = toInt16(n + state_.NoteBase);
         for (int16_t channel = 0; channel <= 2; ++channel) midi_.StopNote(channel, note);
