@@ -22,6 +22,9 @@ MainWindow::MainWindow(ControlSystem& system, EventLoop& loop)
       FJWZ(add<Label>("FJWZ")),
       Label1(add<Label>("Label1")),
       File1(add<FileListBox>("File1")),
+      XINJIAN(add<Button>("XINJIAN")),
+      BJCK(add<Button>("BJCK")),
+      Label11(add<Label>("Label11")),
       SD(add<ComboBox>("SD")),
       YD(add<ComboBox>("YD")),
       Check1(add<CheckBox>("Check1")),
@@ -55,6 +58,19 @@ MainWindow::MainWindow(ControlSystem& system, EventLoop& loop)
     for (int i = 0; i < 65; ++i) addElement(Picture1, "Picture1", i);
     for (int i = 0; i < 5; ++i) addElement(Yuepu, "Yuepu", i);
     Yuepu[0].setCaption("试听");
+    Yuepu[1].setCaption("删除");
+    Yuepu[2].setCaption("打开");
+    Yuepu[3].setCaption("清空");
+    Yuepu[4].setCaption("保存");
+    Yuepu[0].setToolTip("试听乐谱编辑窗口中的文件！");
+    Yuepu[1].setToolTip("删除最后一次打开的乐谱文件或录音文件并不可恢复！");
+    Yuepu[2].setToolTip("打开演奏记录文件夹中的乐谱文档并自动开始演奏！");
+    Yuepu[3].setToolTip("点击这里将清空乐谱编辑窗口中的乐谱，并允许开始新的演奏！");
+    Yuepu[4].setToolTip("保存乐谱编辑窗口中的乐谱为文本文件，以便下次进行自动演奏或录音或编辑！");
+    XINJIAN.setCaption("新建");
+    XINJIAN.setToolTip("新建乐谱文件！");
+    BJCK.setCaption("编辑");
+    BJCK.setToolTip("使用音乐编辑窗口进行音乐编辑！");
 
     for (int i = 0; i < 3; ++i) {
         addElement(ComSounds, "ComSounds", i);

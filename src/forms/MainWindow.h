@@ -20,6 +20,9 @@ public:
     ControlArray<PictureBox> Picture1;
     ControlArray<Button> Yuepu;
     FileListBox& File1;
+    Button& XINJIAN;
+    Button& BJCK;
+    Label& Label11;
 
     // Melody panel
     ControlArray<ComboBox> ComSounds;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Dialogs.h"
 #include "platform/EventLoop.h"
 #include "platform/InstanceLock.h"
 #include "platform/MciCommands.h"
@@ -17,6 +18,8 @@ struct Platform {
     MessageBoxes& boxes;
     InstanceLock& instanceLock = noInstanceLock();
     MciCommands& mci = noMciCommands();
+    // File dialogs and the input box; none given, every dialog is cancelled.
+    Dialogs* dialogs = nullptr;
 };
 
 }  // namespace tessaly

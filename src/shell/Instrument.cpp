@@ -25,6 +25,10 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       shortcuts(platform_, state, midi, form1, effects),
       startUp(*this),
       panels(form1),
+      dialogs(platform_.dialogs ? *platform_.dialogs : unansweredDialogs),
+      rhythmFiles(platform_, state, form1),
+      scorePlayer(platform_, state, midi, form1, accompaniment, chords, rhythmFiles, dialogs),
+      scorePanel(state, form1, scorePlayer, chords, dialogs, controls),
       appDir_(std::move(appDir)),
       shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
@@ -32,6 +36,8 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     shortcuts.wire();
     startUp.wire();
     panels.wire();
+    scorePlayer.wire();
+    scorePanel.wire();
     form1.BCSZ.onClick = [this] { settings.BCSZ_Click(); };
     form1.ComDevies.onClick = [this] { ComDevies_Click(); };
     form1.onLoad = [this] { Form_Load(); };

@@ -13,10 +13,14 @@
 #include "performance/KeyboardPlay.h"
 #include "performance/ShortcutPage.h"
 #include "platform/Platform.h"
+#include "platform/testing/ScriptedDialogs.h"
 #include "rhythm/Accompaniment.h"
 #include "shell/SettingsFile.h"
 #include "shell/StartUp.h"
 #include "shell/MainPanels.h"
+#include "rhythm/RhythmFiles.h"
+#include "score/ScorePanel.h"
+#include "score/ScorePlayer.h"
 #include "state/SharedState.h"
 
 namespace tessaly {
@@ -71,6 +75,12 @@ public:
     ShortcutPage shortcuts;
     StartUp startUp;
     MainPanels panels;
+    // Answers cancel to every dialog while the platform gives none.
+    ScriptedDialogs unansweredDialogs;
+    Dialogs& dialogs;
+    RhythmFiles rhythmFiles;
+    ScorePlayer scorePlayer;
+    ScorePanel scorePanel;
 
 private:
     void registerVariables();

@@ -114,6 +114,12 @@ void registerSharedState(ControlSystem& c, SharedState& s, MidiOut& m) {
     c.registerVariable("TotalChordSteps", scalar(s.TotalChordSteps));
     c.registerVariable("ScoreText", scalar(s.ScoreText));
     c.registerVariable("ScoreTick", scalar(s.ScoreTick));
+    c.registerVariable("ScorePos", scalar(s.ScorePos));
+    c.registerVariable("ScoreLen", scalar(s.ScoreLen));
+    c.registerVariable("NoteDuration", scalar(s.NoteDuration));
+    c.registerVariable("PendingNote", scalar(s.PendingNote));
+    c.registerVariable("SoundingNote", scalar(s.SoundingNote));
+    c.registerVariable("RhythmFileText", scalar(s.RhythmFileText));
     c.registerVariable("AppDir", scalar(s.AppDir));
     c.registerVariable("FilePathInUse", scalar(s.FilePathInUse));
 

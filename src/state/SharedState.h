@@ -50,7 +50,15 @@ struct SharedState {
 
     // Score
     std::string ScoreText;
-    int16_t ScoreTick = 0;
+    int32_t ScoreTick = 0;
+    int32_t ScorePos = 1;
+    int16_t ScoreLen = 0;
+    int16_t NoteDuration = 0;
+    int16_t PendingNote = 0;
+    int16_t SoundingNote = 0;
+
+    // Rhythm files
+    std::string RhythmFileText;
 
     // Files
     std::string AppDir;

@@ -11,6 +11,7 @@
 #include "app/script/SynthRendering.h"
 #include "forms/Controls.h"
 #include "runtime/FatalFailure.h"
+#include "score/ScoreFiles.h"
 #include "shell/Instrument.h"
 
 namespace tessaly {
@@ -78,7 +79,7 @@ ScriptDriver::ScriptDriver(ScriptOptions options, std::ostream& out)
       wave_(log_, synth_ ? &synth_->wave() : nullptr),
       boxes_(log_),
       mci_(log_),
-      platform_{loop_, midi_, wave_, boxes_, instanceLock_, mci_} {
+      platform_{loop_, midi_, wave_, boxes_, instanceLock_, mci_, &dialogs_} {
     instrument_ = std::make_unique<Instrument>(platform_, appDir_, options_.shippedData);
     logFormVisibility();
 }
@@ -201,6 +202,13 @@ bool ScriptDriver::execute(const std::string& line) {
         printMidi();
     } else if (command == "events") {
         printEvents();
+    } else if (command == "dialog") {
+        if (rest.empty()) throw ScriptError("dialog PATH or dialog cancel");
+        // A relative path names a file in the program's data folder.
+        std::filesystem::path path = std::filesystem::path(appDir_) / rest;
+        dialogs_.queueFileAnswer(rest == "cancel" ? std::nullopt : std::optional<std::string>(path.string()));
+    } else if (command == "input") {
+        dialogs_.queueInputAnswer(rest == "cancel" ? std::nullopt : std::optional<std::string>(rest));
     } else if (command == "quit") {
         instrument_->close();
     } else {

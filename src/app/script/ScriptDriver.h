@@ -7,6 +7,7 @@
 #include "platform/posix/FlockInstanceLock.h"
 #include "platform/testing/EventLog.h"
 #include "platform/testing/RecordingPlatform.h"
+#include "platform/testing/ScriptedDialogs.h"
 #include "platform/testing/VirtualEventLoop.h"
 
 namespace tessaly {
@@ -57,6 +58,7 @@ private:
     RecordingMessageBoxes boxes_;
     FlockInstanceLock instanceLock_;
     RecordingMciCommands mci_;
+    ScriptedDialogs dialogs_;
     Platform platform_;
     std::unique_ptr<Instrument> instrument_;
 };

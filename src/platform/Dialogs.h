@@ -1,0 +1,30 @@
+#pragma once
+#include <optional>
+#include <string>
+
+namespace tessaly {
+
+// The common file dialogs and the input box. A filter reads "说明|*.ext";
+// an answer of nullopt is the user's cancel.
+class Dialogs {
+public:
+    virtual ~Dialogs() = default;
+    virtual std::optional<std::string> openFile(const std::string& filter, const std::string& startFolder) = 0;
+    // The dialog itself asks before an existing file is replaced.
+    virtual std::optional<std::string> saveFile(const std::string& filter, const std::string& startFolder) = 0;
+    virtual std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
+                                                const std::string& defaultText) = 0;
+
+    // The folder the last file dialog went to: a bare file name is looked up
+    // there, as in the process's current directory after a dialog. Empty
+    // before any dialog.
+    const std::string& currentFolder() const { return currentFolder_; }
+
+protected:
+    void wentTo(const std::string& path);
+
+private:
+    std::string currentFolder_;
+};
+
+}  // namespace tessaly
