@@ -22,6 +22,8 @@ AudioEngine::~AudioEngine() {
 }
 
 bool AudioEngine::openDevice() {
+    // SDL would otherwise swallow SIGINT and SIGTERM; the program must end on them.
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
         deviceError_ = SDL_GetError();
         return false;
