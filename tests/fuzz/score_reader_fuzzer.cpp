@@ -17,6 +17,8 @@ namespace {
 
 using namespace tessaly;
 
+[[noreturn]] void fail() { std::abort(); }
+
 struct Program {
     VirtualEventLoop loop;
     EventLog log;
@@ -31,6 +33,9 @@ struct Program {
         std::filesystem::create_directories(dir / "音效");
         app = std::make_unique<Instrument>(platform, dir.string());
         app->start();
+        // The main window is ready once the splash has handed over.
+        while (!app->activated() && !app->ended()) loop.advance(1);
+        if (!app->activated()) fail();
     }
 
     void reset() {
@@ -49,8 +54,6 @@ struct Program {
         log.take();
     }
 };
-
-[[noreturn]] void fail() { std::abort(); }
 
 }  // namespace
 
