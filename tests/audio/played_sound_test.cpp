@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sndfile.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <sstream>
 
@@ -122,4 +123,47 @@ TEST(PlayedSound, ScriptDriverCommandWritesTheTake) {
     EXPECT_LT(peak(channelOf(take, 0, 0, frameAt(490, rate))), kWavSilence);             // before the first key
     EXPECT_GT(rms(channelOf(take, 0, frameAt(550, rate), frameAt(1650, rate))), 0.005);  // KC and KD
     EXPECT_LT(peak(channelOf(take, 0, frameAt(9000, rate))), kWavSilence);               // long after Space
+}
+
+namespace {
+
+// Note onsets: where the energy of the signal's first difference (which
+// stresses the attack of a note over its sustain) jumps up, at most one per
+// 150 ms. Times in ms from the start of `mono`.
+std::vector<int> onsetsMs(const std::vector<float>& mono, int rate) {
+    const std::size_t hop = static_cast<std::size_t>(rate) / 200;  // 5 ms
+    std::vector<double> energy;
+    for (std::size_t start = 1; start + hop <= mono.size(); start += hop) {
+        double sum = 0;
+        for (std::size_t i = start; i < start + hop; ++i) {
+            double d = mono[i] - mono[i - 1];
+            sum += d * d;
+        }
+        energy.push_back(sum);
+    }
+    double loudest = *std::max_element(energy.begin(), energy.end());
+    std::vector<int> onsets;
+    for (std::size_t i = 4; i < energy.size(); ++i) {
+        double before = energy[i - 4] + 1e-12;
+        bool rises = energy[i] > 0.02 * loudest && energy[i] > 6 * before;
+        int ms = static_cast<int>(i * 5);
+        if (rises && (onsets.empty() || ms - onsets.back() > 150)) onsets.push_back(ms);
+    }
+    return onsets;
+}
+
+}  // namespace
+
+// A demonstration score opened from its file plays at once, at tempo 70: a
+// tick is 107 ms, so eighths (8 ticks) fall 856 ms apart and the long notes
+// (16 ticks) last 1712 ms.
+TEST(PlayedSound, DemonstrationScoreOnsetsFallWhereTheScoreSays) {
+    int rate = 0;
+    auto song = play(kPianoAlone + "dialog 演奏记录/小星星.txt\nclick Form1.Yuepu(2)\nadvance 13000\n", rate);
+    auto onsets = onsetsMs(channelOf(song, 0, frameAt(200, rate), frameAt(13200, rate)), rate);
+    // KC8 KC KG KG KA KA KG16 KF8 KF KE KE KD KD KC16
+    std::vector<int> ticks{8, 8, 8, 8, 8, 8, 16, 8, 8, 8, 8, 8, 8};
+    ASSERT_GE(onsets.size(), ticks.size() + 1);
+    for (std::size_t i = 0; i < ticks.size(); ++i)
+        EXPECT_NEAR(onsets[i + 1] - onsets[i], ticks[i] * 107, 12) << "between notes " << i << " and " << i + 1;
 }
