@@ -46,7 +46,7 @@ QPushButton#keyboardButton:focus { border: 2px solid #fff3c4; }
 QPlainTextEdit#score { color: #f4f8fc; background: rgba(8,16,28,0.35); border: 1px solid rgba(255,255,255,0.25);
                        border-radius: 6px; selection-background-color: #3d7bc4; }
 QRadioButton#shortcutKey { color: #e6eef7; background: rgba(255,255,255,0.10); border: 1px solid rgba(255,255,255,0.28);
-                          border-radius: 5px; padding: 0px 0px 0px 4px; font-weight: bold; }
+                          border-radius: 5px; padding: 0px 0px 0px 3px; font-size: 12px; font-weight: bold; }
 QRadioButton#shortcutKey::indicator { width: 0px; height: 0px; }
 QRadioButton#shortcutKey:hover { background: rgba(255,255,255,0.22); }
 QRadioButton#shortcutKey:checked { color: #2a1a00; border-color: #b8832a;
