@@ -1,22 +1,72 @@
 #include "ScreenshotOnStart.h"
 
 #include <QApplication>
+#include <QPixmap>
+#include <QScreen>
 #include <QTimer>
 #include <QWidget>
 #include <cstdio>
+#include <functional>
+
+#include "shell/Instrument.h"
 
 namespace tessaly {
 
-void screenshotOnStartIfAsked(QWidget& window) {
-    QString path = qEnvironmentVariable("TESSALY_SCREENSHOT");
-    if (path.isEmpty()) return;
-    // Give the window time to be mapped and painted once.
-    QTimer::singleShot(800, &window, [&window, path] {
-        bool saved = window.grab().save(path, "PNG");
-        std::fprintf(stderr, saved ? "screenshot saved to %s\n" : "could not save screenshot to %s\n",
-                     qPrintable(path));
-        QApplication::exit(saved ? 0 : 1);
+namespace {
+
+// Time for a window to be mapped and painted once.
+constexpr int kSettleMs = 800;
+// Room around a shaped window, so that its outline shows against the screen.
+constexpr int kMargin = 24;
+
+void save(const QPixmap& picture, const QString& path) {
+    bool saved = !picture.isNull() && picture.save(path, "PNG");
+    std::fprintf(stderr, saved ? "screenshot saved to %s\n" : "could not save screenshot to %s\n", qPrintable(path));
+    QApplication::exit(saved ? 0 : 1);
+}
+
+QPixmap screenAround(QWidget& window) {
+    QScreen* screen = window.screen();
+    if (!screen) return window.grab();
+    const QRect area = window.frameGeometry().adjusted(-kMargin, -kMargin, kMargin, kMargin);
+    return screen->grabWindow(0, area.x(), area.y(), area.width(), area.height());
+}
+
+// Runs the step once the main window has been activated.
+void whenMainWindowIsUp(Instrument& instrument, QWidget& anchor, std::function<void()> step) {
+    auto* poll = new QTimer(&anchor);
+    QObject::connect(poll, &QTimer::timeout, &anchor, [&instrument, poll, step] {
+        if (!instrument.activated()) return;
+        poll->stop();
+        poll->deleteLater();
+        step();
     });
+    poll->start(50);
+}
+
+}  // namespace
+
+void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& windows) {
+    const QString path = qEnvironmentVariable("TESSALY_SCREENSHOT");
+    if (path.isEmpty()) return;
+    const QString of = qEnvironmentVariable("TESSALY_SCREENSHOT_OF", QStringLiteral("main"));
+    QWidget& main = windows.main;
+    if (of == QLatin1String("splash")) {
+        // The splash stays up for its timer's 3 s.
+        QTimer::singleShot(kSettleMs, &windows.splash, [&windows, path] { save(screenAround(windows.splash), path); });
+    } else if (of == QLatin1String("farewell")) {
+        whenMainWindowIsUp(instrument, main, [&instrument, &windows, path] {
+            instrument.form1.Command1.userClick();
+            QTimer::singleShot(kSettleMs, &windows.farewell,
+                               [&windows, path] { save(screenAround(windows.farewell), path); });
+        });
+    } else {
+        const bool shortcuts = of == QLatin1String("shortcuts");
+        whenMainWindowIsUp(instrument, main, [&instrument, &main, path, shortcuts] {
+            if (shortcuts) instrument.form1.Xxk[5].userClick();
+            QTimer::singleShot(kSettleMs, &main, [&main, path] { save(main.grab(), path); });
+        });
+    }
 }
 
 }  // namespace tessaly

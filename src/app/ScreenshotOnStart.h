@@ -1,13 +1,24 @@
 #pragma once
-#include <QString>
 
 class QWidget;
 
 namespace tessaly {
 
-// When the environment names a file in TESSALY_SCREENSHOT, the window is
-// saved there as a picture once it has been shown, and the program quits.
+class Instrument;
+
+// The program's windows that a picture can be taken of.
+struct ScreenshotWindows {
+    QWidget& splash;
+    QWidget& main;
+    QWidget& farewell;
+};
+
+// When the environment names a file in TESSALY_SCREENSHOT, a picture of one
+// window is saved there once it is up, and the program quits. Which window
+// TESSALY_SCREENSHOT_OF says: "splash", "main" (the default), "shortcuts"
+// (the main window on its settings tab) or "farewell". The shaped windows are
+// taken from the screen around them, so that their shape shows.
 // For documentation and visual checks under a virtual display.
-void screenshotOnStartIfAsked(QWidget& window);
+void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& windows);
 
 }  // namespace tessaly

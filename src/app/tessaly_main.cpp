@@ -9,10 +9,13 @@
 #include "runtime/FatalFailure.h"
 #include "shell/AppFolder.h"
 #include "shell/Instrument.h"
+#include "ui/FarewellView.h"
 #include "ui/GuardedApplication.h"
 #include "ui/InstrumentStyle.h"
 #include "ui/MainWindowView.h"
+#include "ui/QtDialogs.h"
 #include "ui/QtMessageBoxes.h"
+#include "ui/SplashView.h"
 
 int main(int argc, char** argv) {
     tessaly::GuardedApplication application(argc, argv);
@@ -26,11 +29,17 @@ int main(int argc, char** argv) {
     tessaly::SoundSystem sound(appDir);
     tessaly::QtMessageBoxes boxes;
     tessaly::FlockInstanceLock instanceLock;
+    tessaly::QtDialogs dialogs;
     tessaly::Platform platform{loop, sound.midi, sound.wave, boxes, instanceLock};
+    platform.dialogs = &dialogs;
 
     tessaly::Instrument instrument(platform, appDir, TESSALY_BUILD_DATA_DIR);
     tessaly::MainWindowView window(instrument.form1);
+    // Built before the start, so that they follow their models from the first change.
+    tessaly::SplashView splash(instrument.DZQQD);
+    tessaly::FarewellView farewell(instrument.Form3);
     boxes.setParentWindow(&window);
+    dialogs.setParentWindow(&window);
     window.onUserClose = [&instrument] { instrument.close(); };
     instrument.onEnd = [] { tessaly::GuardedApplication::quit(); };
     // Without an audio device the program still plays into a silent sink; the
@@ -48,6 +57,6 @@ int main(int argc, char** argv) {
     }
     // The start itself ends the program when another instance is running.
     if (instrument.ended()) return 0;
-    tessaly::screenshotOnStartIfAsked(window);
+    tessaly::screenshotOnStartIfAsked(instrument, {splash, window, farewell});
     return tessaly::GuardedApplication::exec();
 }

@@ -36,6 +36,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     shortcuts.wire();
     startUp.wire();
     panels.wire();
+    panels.setEntryAction(5, [this] { shortcuts.enterShortcutTab(); });
     scorePlayer.wire();
     scorePanel.wire();
     form1.BCSZ.onClick = [this] { settings.BCSZ_Click(); };

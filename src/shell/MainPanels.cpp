@@ -31,6 +31,8 @@ void MainPanels::wire() {
     }
 }
 
+void MainPanels::setEntryAction(int tab, std::function<void()> action) { entryActions_[tab] = std::move(action); }
+
 void MainPanels::Xxk_Click(int Index) {
     for (auto& [index, panel] : form_.Jiezhou) panel->setVisible(index == Index);
     for (const TabTexts& texts : kTabTexts)
@@ -38,6 +40,7 @@ void MainPanels::Xxk_Click(int Index) {
             form_.FJWZ.setCaption(texts.status);
             form_.XSWB.setCaption(texts.information);
         }
+    if (auto entry = entryActions_.find(Index); entry != entryActions_.end() && entry->second) entry->second();
     // Play can go on at once, whatever panel the user opened.
     form_.SFYXYZ.setEnabled(true);
     form_.SFYXYZ.setFocus();

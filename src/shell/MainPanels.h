@@ -1,4 +1,6 @@
 #pragma once
+#include <functional>
+#include <map>
 
 namespace tessaly {
 
@@ -13,8 +15,13 @@ public:
     void wire();
     void Xxk_Click(int Index);
 
+    // What a tab does on entering, beyond showing its panel: set by the
+    // subsystem that owns the panel. It runs before the keyboard takes the focus back.
+    void setEntryAction(int tab, std::function<void()> action);
+
 private:
     MainWindow& form_;
+    std::map<int, std::function<void()>> entryActions_;
 };
 
 }  // namespace tessaly

@@ -45,6 +45,25 @@ QPushButton#keyboardButton { color: #2a1a00; font-size: 16px; font-weight: bold;
 QPushButton#keyboardButton:focus { border: 2px solid #fff3c4; }
 QPlainTextEdit#score { color: #f4f8fc; background: rgba(8,16,28,0.35); border: 1px solid rgba(255,255,255,0.25);
                        border-radius: 6px; selection-background-color: #3d7bc4; }
+QRadioButton#shortcutKey { color: #e6eef7; background: rgba(255,255,255,0.10); border: 1px solid rgba(255,255,255,0.28);
+                          border-radius: 5px; padding: 0px 0px 0px 3px; font-size: 12px; font-weight: bold; }
+QRadioButton#shortcutKey::indicator { width: 0px; height: 0px; }
+QRadioButton#shortcutKey:hover { background: rgba(255,255,255,0.22); }
+QRadioButton#shortcutKey:checked { color: #2a1a00; border-color: #b8832a;
+                                  background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #ffd98a, stop:1 #e9a93c); }
+QLabel#rowCaption { color: #9fd0ff; }
+QLabel#listCaption { color: #cfe0f2; }
+QListWidget#effectFiles { color: #f4f8fc; background: rgba(8,16,28,0.55); border: 1px solid rgba(255,255,255,0.25);
+                          border-radius: 6px; padding: 4px; }
+QListWidget#effectFiles::item:selected { color: #2a1a00; background: #ffd98a; border-radius: 4px; }
+QPushButton#scoreButton, QPushButton#saveSettings, QPushButton#exitButton {
+    color: #13202f; background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #f4f8fc, stop:1 #c9d8ea);
+    border: 1px solid #8fa8c4; border-radius: 5px; padding: 2px 4px; }
+QPushButton#scoreButton:hover, QPushButton#saveSettings:hover { background: #ffffff; }
+QPushButton#saveSettings { color: #2a1a00; border-color: #b8832a;
+    background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #ffd98a, stop:1 #e9a93c); }
+QPushButton#exitButton { color: #ffffff; border-color: #8a2c1c;
+    background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #d9664a, stop:1 #a8361f); }
 QToolTip { color: #17222f; background: #fffbe8; border: 1px solid #c9b66b; }
 )");
 }

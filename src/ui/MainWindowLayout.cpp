@@ -1,5 +1,7 @@
 #include "ui/MainWindowLayout.h"
 
+#include <iterator>
+
 #include "forms/MainWindow.h"
 #include "notation/NoteVocabulary.h"
 
@@ -10,6 +12,7 @@ namespace {
 constexpr int kFormWidth = 986, kFormHeight = 369;
 constexpr QRect kPanelArea(8, 36, 564, 166);
 constexpr QRect kScoreArea(580, 36, 398, 166);
+constexpr int kScoreButtonHeight = 26;
 constexpr QRect kKeyboardArea(8, 262, 970, 102);
 constexpr int kWhiteKeyWidth = 25, kBlackKeyWidth = 15;
 constexpr int kRowTop = 12, kRowStep = 36, kRowHeight = 26;
@@ -55,6 +58,36 @@ void placeMelodyPanel(MainWindow& form) {
     place(form.ComDevies, 300, lastRow, 252, kRowHeight);
 }
 
+// Three rows of key caps, one for each kind of key, then the lists that
+// assign what a key holds, side by side under their labels.
+constexpr int kKeyLeft = 62, kKeyStep = 40, kKeyWidth = 38, kKeyRowTop = 10, kKeyRowStep = 30, kKeyHeight = 24;
+constexpr int kListTop = 124, kListLabelTop = 104, kListLeft = 12, kListStep = 136, kListWidth = 128;
+
+void placeShortcutPage(MainWindow& form) {
+    for (int i = 0; i < 28; ++i) {
+        const int row = i < 12 ? 0 : i < 22 ? 1 : 2;
+        const int column = i < 12 ? i : i < 22 ? i - 12 : i - 22;
+        place(form.Option3[i], kKeyLeft + column * kKeyStep, kKeyRowTop + row * kKeyRowStep, kKeyWidth, kKeyHeight);
+    }
+    place(form.BCSZ, 460, kKeyRowTop + 2 * kKeyRowStep - 1, 92, kKeyHeight + 2);
+    for (int i = 0; i < 4; ++i) {
+        place(form.YUEQI[i], kListLeft + i * kListStep, kListLabelTop, kListWidth, 18);
+        place(form.YQSZ[i], kListLeft + i * kListStep, kListTop, kListWidth, kRowHeight);
+    }
+    // The effect files take the place of the lists, which are hidden while they show.
+    place(form.File2, kListLeft, kListLabelTop, 4 * kListStep - 8, 56);
+}
+
+// The buttons of the score in one row under the score box.
+void placeScoreButtons(MainWindow& form) {
+    Control* row[] = {&form.XINJIAN, &form.Yuepu[2], &form.Yuepu[4], &form.Yuepu[0],
+                      &form.Yuepu[3], &form.Yuepu[1], &form.BJCK};
+    const int count = static_cast<int>(std::size(row)), gap = 6;
+    const int left = kScoreArea.left() + 8, width = (kScoreArea.width() - 16 - (count - 1) * gap) / count;
+    const int top = kScoreArea.bottom() - 7 - kScoreButtonHeight;
+    for (int i = 0; i < count; ++i) place(*row[i], left + i * (width + gap), top, width, kScoreButtonHeight);
+}
+
 }  // namespace
 
 void placeMainWindowControls(MainWindow& form) {
@@ -64,7 +97,11 @@ void placeMainWindowControls(MainWindow& form) {
     for (auto& [index, panel] : form.Jiezhou)
         place(*panel, kPanelArea.left(), kPanelArea.top(), kPanelArea.width(), kPanelArea.height());
     placeMelodyPanel(form);
-    place(form.Text3, kScoreArea.left() + 8, kScoreArea.top() + 8, kScoreArea.width() - 16, kScoreArea.height() - 16);
+    place(form.Text3, kScoreArea.left() + 8, kScoreArea.top() + 8, kScoreArea.width() - 16,
+          kScoreArea.height() - 22 - kScoreButtonHeight);
+    placeScoreButtons(form);
+    placeShortcutPage(form);
+    place(form.Command1, kFormWidth - 84, 6, 72, 28);
 
     place(form.SFYXYZ, 14, 212, 88, 40);
     place(form.XSWB, 114, 206, 556, 52);
@@ -86,6 +123,14 @@ std::vector<PanelCaption> melodyPanelCaptions() {
     captions.push_back({"速度", QRect(448, kRowTop, 36, kRowHeight)});
     captions.push_back({"音调", QRect(448, kRowTop + kRowStep, 36, kRowHeight)});
     captions.push_back({"输出设备", QRect(232, kRowTop + 3 * kRowStep + 8, 64, kRowHeight)});
+    return captions;
+}
+
+std::vector<PanelCaption> shortcutPageCaptions() {
+    std::vector<PanelCaption> captions;
+    const char* rows[] = {"功能键", "小键盘", "音效键"};
+    for (int row = 0; row < 3; ++row)
+        captions.push_back({rows[row], QRect(12, kKeyRowTop + row * kKeyRowStep, 48, kKeyHeight)});
     return captions;
 }
 

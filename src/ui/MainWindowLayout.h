@@ -19,5 +19,7 @@ struct PanelCaption {
     QRect place;
 };
 std::vector<PanelCaption> melodyPanelCaptions();
+// The row captions of the shortcut page.
+std::vector<PanelCaption> shortcutPageCaptions();
 
 }  // namespace tessaly

@@ -1,9 +1,11 @@
 #include "ui/MainWindowView.h"
 
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QLabel>
+#include <QListWidget>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -11,6 +13,7 @@
 #include "forms/MainWindow.h"
 #include "notation/NoteVocabulary.h"
 #include "ui/InstrumentStyle.h"
+#include "ui/KeyCapButton.h"
 #include "ui/MainWindowLayout.h"
 #include "ui/PictureView.h"
 #include "ui/Pictures.h"
@@ -27,11 +30,13 @@ MainWindowView::MainWindowView(MainWindow& model) : model_(model), binder_(model
     for (auto& [index, panel] : model_.Jiezhou) {
         auto& view = make<PictureView>(*panel, *this, "panel");
         if (index == 0) buildMelodyPanel(view);
+        if (index == 5) buildShortcutPanel(view);
     }
 
     auto& score = make<QPlainTextEdit>(model_.Text3, *this, "score");
     score.setFont(scoreFont());
     score.setLineWrapMode(QPlainTextEdit::WidgetWidth);
+    buildScoreButtons();
 
     auto& keyboardButton = make<QPushButton>(model_.SFYXYZ, *this, "keyboardButton");
     // Every key must reach the instrument: no input method may take them.
@@ -44,6 +49,7 @@ MainWindowView::MainWindowView(MainWindow& model) : model_(model), binder_(model
     make<QLabel>(model_.FJWZ, *this, "status");
     make<QLabel>(model_.Label1, *this, "muteStrip").setAlignment(Qt::AlignCenter);
     buildKeyboard();
+    make<QPushButton>(model_.Command1, *this, "exitButton").setAutoDefault(false);
 
     binder_.bind(model_, *this);
 }
@@ -75,6 +81,38 @@ void MainWindowView::buildMelodyPanel(QWidget& panel) {
     make<QCheckBox>(model_.Check1, panel);
     make<QCheckBox>(model_.Check5, panel);
     make<QComboBox>(model_.ComDevies, panel);
+}
+
+void MainWindowView::buildShortcutPanel(QWidget& panel) {
+    for (const PanelCaption& caption : shortcutPageCaptions()) {
+        auto* label = new QLabel(QString::fromUtf8(caption.text), &panel);
+        label->setObjectName(QStringLiteral("rowCaption"));
+        label->setGeometry(caption.place);
+    }
+    // One group for the 28 keys; the model keeps them exclusive, and may leave none chosen.
+    auto* keys = new QButtonGroup(&panel);
+    keys->setExclusive(false);
+    for (auto& [index, option] : model_.Option3) {
+        auto& key = make<KeyCapButton>(*option, panel, "shortcutKey");
+        key.setAutoExclusive(false);
+        keys->addButton(&key, static_cast<int>(index));
+    }
+    for (auto& [index, label] : model_.YUEQI) make<QLabel>(*label, panel, "listCaption");
+    for (auto& [index, list] : model_.YQSZ) make<QComboBox>(*list, panel).setMaxVisibleItems(20);
+    // The effect files side by side, as many to a row as fit.
+    auto& effects = make<QListWidget>(model_.File2, panel, "effectFiles");
+    effects.setFlow(QListView::LeftToRight);
+    effects.setWrapping(true);
+    effects.setResizeMode(QListView::Adjust);
+    effects.setGridSize(QSize(130, 26));
+    effects.raise();
+    make<QPushButton>(model_.BCSZ, panel, "saveSettings").setAutoDefault(false);
+}
+
+void MainWindowView::buildScoreButtons() {
+    for (auto& [index, button] : model_.Yuepu) make<QPushButton>(*button, *this, "scoreButton").setAutoDefault(false);
+    make<QPushButton>(model_.XINJIAN, *this, "scoreButton").setAutoDefault(false);
+    make<QPushButton>(model_.BJCK, *this, "scoreButton").setAutoDefault(false);
 }
 
 void MainWindowView::buildKeyboard() {

@@ -25,6 +25,8 @@ protected:
 
 private:
     void buildMelodyPanel(QWidget& panel);
+    void buildShortcutPanel(QWidget& panel);
+    void buildScoreButtons();
     void buildKeyboard();
     template <typename W>
     W& make(Control& control, QWidget& parent, const char* objectName = nullptr);
