@@ -20,7 +20,6 @@
 int main(int argc, char** argv) {
     tessaly::GuardedApplication application(argc, argv);
     tessaly::GuardedApplication::setApplicationName("tessaly");
-    tessaly::GuardedApplication::setApplicationDisplayName("Tessaly");
     tessaly::GuardedApplication::setStyle(QStyleFactory::create("Fusion"));
     tessaly::GuardedApplication::setFont(tessaly::instrumentFont());
 

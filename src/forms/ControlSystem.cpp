@@ -16,14 +16,28 @@ void ControlSystem::setFocus(Control& control) {
     if (old && old->onLostFocus) old->onLostFocus();
     // A LostFocus handler may have moved the focus elsewhere already.
     if (focused_ == &control && control.onGotFocus) control.onGotFocus();
-    if (onFocusChanged) onFocusChanged();
+    focusChanged();
 }
 
 void ControlSystem::dropFocus(Control& control) {
     if (focused_ != &control) return;
     focused_ = nullptr;
     if (control.onLostFocus) control.onLostFocus();
-    if (onFocusChanged) onFocusChanged();
+    focusChanged();
+}
+
+int ControlSystem::observeFocus(std::function<void()> observer) {
+    focusObservers_.emplace_back(nextFocusObserver_, std::move(observer));
+    return nextFocusObserver_++;
+}
+
+void ControlSystem::unobserveFocus(int id) {
+    std::erase_if(focusObservers_, [id](const auto& o) { return o.first == id; });
+}
+
+void ControlSystem::focusChanged() {
+    auto observers = focusObservers_;  // an observer may add or remove observers
+    for (auto& [id, observer] : observers) observer();
 }
 
 void ControlSystem::registerControl(Control& control) { controls_[control.fullName()] = &control; }

@@ -27,8 +27,10 @@ public:
     // Focus leaves a control that is disabled, hidden or destroyed.
     void dropFocus(Control& control);
 
-    // Called whenever the focus owner has changed, so that views can follow.
-    std::function<void()> onFocusChanged;
+    // Called whenever the focus owner has changed, so that the views of every
+    // window can follow.
+    int observeFocus(std::function<void()> observer);
+    void unobserveFocus(int id);
 
     void registerControl(Control& control);
     void unregisterControl(Control& control);
@@ -51,7 +53,11 @@ private:
     // Splits "Form1.Yuepu(0).Caption" into the control and the property.
     Control* resolveControl(std::string_view path, std::string& property) const;
 
+    void focusChanged();
+
     Control* focused_ = nullptr;
+    std::vector<std::pair<int, std::function<void()>>> focusObservers_;
+    int nextFocusObserver_ = 1;
     std::map<std::string, Control*> controls_;
     std::map<std::string, VariableAccess> variables_;
 };

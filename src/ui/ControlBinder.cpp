@@ -33,11 +33,11 @@ void applyCommon(const Control& control, QWidget& widget, Prop prop) {
 
 ControlBinder::ControlBinder(ControlSystem& system)
     : system_(system), events_(std::make_unique<BoundWidgetEvents>(*this)) {
-    system_.onFocusChanged = [this] { followModelFocus(); };
+    focusObserver_ = system_.observeFocus([this] { followModelFocus(); });
 }
 
 ControlBinder::~ControlBinder() {
-    system_.onFocusChanged = nullptr;
+    system_.unobserveFocus(focusObserver_);
     for (auto& [name, binding] : bindings_) {
         // A control removed at run time is gone from the registry: nothing to detach.
         if (system_.findControl(name) == binding.control) binding.control->unobserve(binding.observer);

@@ -46,6 +46,7 @@ private:
     void followModelFocus();
 
     ControlSystem& system_;
+    int focusObserver_ = 0;
     std::unique_ptr<BoundWidgetEvents> events_;
     std::map<std::string, Binding> bindings_;
     std::map<const QObject*, Control*> byWidget_;

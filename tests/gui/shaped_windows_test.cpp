@@ -3,7 +3,10 @@
 #include <QtTest/QTest>
 
 #include "Harness.h"
+#include <QApplication>
+
 #include "ui/FarewellView.h"
+#include "ui/MainWindowView.h"
 #include "ui/SplashView.h"
 
 using namespace tessaly;
@@ -70,4 +73,21 @@ TEST(ShapedWindows, TheFarewellWindowIsOnlyItsLettersAndAClickOnThemEndsTheProgr
     EXPECT_FALSE(h.app->ended());
     QTest::mouseClick(&farewell, Qt::LeftButton, Qt::NoModifier, onStroke);
     EXPECT_TRUE(h.app->ended());
+}
+
+// Regression: the views of the other windows once took over the focus hook,
+// so the main window no longer followed the model's focus and the keys went
+// to whatever widget Qt had chosen.
+TEST(ShapedWindows, TheMainWindowStillFollowsTheModelFocusBesideTheOtherViews) {
+    tessaly::testing::Harness h{false};
+    MainWindowView mainView(h.app->form1);
+    SplashView splash(h.app->DZQQD);
+    FarewellView farewell(h.app->Form3);
+    h.app->start();
+    while (!h.app->activated() && !h.app->ended()) h.loop.advance(1);
+    mainView.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&mainView));
+    EXPECT_EQ(QApplication::focusWidget(), mainView.binder().widgetOf(h.app->form1.SFYXYZ));
+    h.app->form1.SD.setFocus();
+    EXPECT_EQ(QApplication::focusWidget(), mainView.binder().widgetOf(h.app->form1.SD));
 }
