@@ -20,15 +20,19 @@ int effectSlot(int keyCode) {
     return 0;
 }
 
-void EffectKeys::PlayEffectKey() {
-    const std::string& name = state_.EffectFile[effectSlot(state_.LastKeyCode)];
+bool EffectKeys::playEffectFile(const std::string& name) {
     std::string path = state_.AppDir + "音效/" + name;
     std::error_code error;
     // A name may end in a blank that belongs to it: the file is looked up as named.
-    if (std::filesystem::is_regular_file(std::filesystem::path(path), error)) {
-        platform_.wave.playSound(path, 3);
-        platform_.wave.playSound(path, 1);
-    }
+    if (!std::filesystem::is_regular_file(std::filesystem::path(path), error)) return false;
+    platform_.wave.playSound(path, 3);
+    platform_.wave.playSound(path, 1);
+    return true;
+}
+
+void EffectKeys::PlayEffectKey() {
+    const std::string& name = state_.EffectFile[effectSlot(state_.LastKeyCode)];
+    playEffectFile(name);
     form_.XSWB.setCaption(name + "_音效");
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace tessaly {
 
 class MainWindow;
@@ -16,6 +18,8 @@ public:
     void PlayEffectKey();
     // Keypad ".": cuts the effect that plays.
     void stopEffect();
+    // Plays a file of "音效" if it exists; false when there is no such file.
+    bool playEffectFile(const std::string& name);
 
 private:
     Platform& platform_;

@@ -203,16 +203,9 @@ void KeyboardPlay::keypadHit(int keyCode) {
     form_.XSWB.setCaption(form_.YQSZ[3].item(state_.KeypadPercussion[state_.KeypadIndex]) + "_打击乐");
 }
 
-void KeyboardPlay::resetAccompanimentCounters() {
-    state_.RhythmStep = 0;
-    state_.ChordStep = 0;
-    state_.ScoreTick = 0;
-    state_.ChordIndex = 1;
-}
-
 void KeyboardPlay::startAccompaniment() {
     if (form_.Check5.value() == 1) {
-        resetAccompanimentCounters();
+        accompaniment_.resetCounters();
         form_.Timer1.setTimerEnabled(true);
     } else {
         form_.BzQd.setValue(1);
@@ -221,7 +214,7 @@ void KeyboardPlay::startAccompaniment() {
 
 void KeyboardPlay::stopAccompaniment() {
     if (form_.Check5.value() == 1) {
-        resetAccompanimentCounters();
+        accompaniment_.resetCounters();
         form_.Timer1.setTimerEnabled(false);
     } else {
         form_.BzQd.setValue(0);
@@ -270,7 +263,7 @@ void KeyboardPlay::Check3_Click(int Index) {
 void KeyboardPlay::Check5_Click() { state_.AutoSyncFlag = truth(form_.Check5.value() == 1); }
 
 void KeyboardPlay::applyTempo(double tempo) {
-    state_.TickMs = roundToInt16(7500.0 / tempo);
+    state_.TickMs = tickMsForTempo(tempo);
     form_.BZDS.setInterval(4 * state_.TickMs);
     form_.Timer1.setInterval(state_.TickMs);
 }
@@ -313,13 +306,13 @@ void KeyboardPlay::SFYXYZ_Click() {
     form_.SFYXYZ.setEnabled(true);
     form_.FJWZ.setCaption("现在允许演奏。。。");
     form_.SFYXYZ.setFocus();
-    resetAccompanimentCounters();
+    accompaniment_.resetCounters();
 }
 
 void KeyboardPlay::SFYXYZ_GotFocus() {
     for (auto& [index, key] : form_.Picture1) key->setEnabled(true);
     form_.Label1.setVisible(true);
-    resetAccompanimentCounters();
+    accompaniment_.resetCounters();
     for (int key = 1; key <= 255; ++key) state_.KeyHeld[key] = kFalse;
 }
 

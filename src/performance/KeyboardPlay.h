@@ -55,7 +55,6 @@ private:
     void keypadHit(int keyCode);
     void startAccompaniment();
     void stopAccompaniment();
-    void resetAccompanimentCounters();
     // Stops a note on the three melody channels and its double on channel 2.
     void stopMelodyNote(int note);
     // Puts the caret at ScoreEnd and inserts the text there.

@@ -59,13 +59,7 @@ void ShortcutPage::Option3_Click(int Index) {
         for (int j = 0; j < 4; ++j) form_.YQSZ[j].setVisible(false);
         form_.File2.setVisible(true);
         const std::string& name = state_.EffectFile[Index - 22];
-        std::string path = state_.AppDir + "音效/" + name;
-        std::error_code error;
-        if (std::filesystem::is_regular_file(std::filesystem::path(path), error)) {
-            platform_.wave.playSound(path, 3);
-            platform_.wave.playSound(path, 1);
-            form_.XSWB.setCaption(name + "_音效");
-        }
+        if (effects_.playEffectFile(name)) form_.XSWB.setCaption(name + "_音效");
     }
 }
 

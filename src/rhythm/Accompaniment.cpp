@@ -4,9 +4,22 @@
 #include "forms/MainWindow.h"
 #include "midi/MidiOut.h"
 #include "runtime/Arithmetic.h"
+#include "runtime/FatalFailure.h"
 #include "state/SharedState.h"
 
 namespace tessaly {
+
+int16_t tickMsForTempo(double tempo) {
+    if (tempo == 0) throw FatalFailure(FailureKind::Overflow, "除数为零");
+    return roundToInt16(7500.0 / tempo);
+}
+
+void Accompaniment::resetCounters() {
+    state_.RhythmStep = 0;
+    state_.ChordStep = 0;
+    state_.ScoreTick = 0;
+    state_.ChordIndex = 1;
+}
 
 void Accompaniment::sendAccentSweep() {
     auto value = toInt16(120 - 2 * state_.AccompanimentTick);

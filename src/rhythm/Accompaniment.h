@@ -1,6 +1,11 @@
 #pragma once
 
+#include <cstdint>
+
 namespace tessaly {
+
+// TickMs for a tempo: 7500 / tempo, halves to the even neighbour.
+int16_t tickMsForTempo(double tempo);
 
 class ChordLayers;
 class MainWindow;
@@ -24,6 +29,8 @@ public:
     void advanceTick();
     // The downbeat at the first key of keyboard play under auto-sync.
     void downbeat();
+    // Every start and stop of a clock begins the steps afresh.
+    void resetCounters();
 
 private:
     SharedState& state_;

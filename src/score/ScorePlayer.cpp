@@ -26,11 +26,6 @@ constexpr int kSyncOffCommand = 99;
 constexpr int kBelowAnyNote = 64;
 }  // namespace
 
-int16_t tickMsForTempo(double tempo) {
-    if (tempo == 0) throw FatalFailure(FailureKind::Overflow, "除数为零");
-    return roundToInt16(7500.0 / tempo);
-}
-
 ScorePlayer::ScorePlayer(Platform& platform, SharedState& state, MidiOut& midi, MainWindow& form,
                          Accompaniment& accompaniment, ChordLayers& chords, RhythmFiles& rhythmFiles,
                          Dialogs& dialogs)
@@ -40,13 +35,6 @@ ScorePlayer::ScorePlayer(Platform& platform, SharedState& state, MidiOut& midi, 
 void ScorePlayer::wire() { form_.Timer3.onTimer = [this] { Timer3_Timer(); }; }
 
 void ScorePlayer::computeTickMs() { state_.TickMs = tickMsForTempo(numericValue(form_.SD.text())); }
-
-void ScorePlayer::resetStepCounters() {
-    state_.RhythmStep = 0;
-    state_.ChordStep = 0;
-    state_.ScoreTick = 0;
-    state_.ChordIndex = 1;
-}
 
 void ScorePlayer::stopMelody() {
     auto note = toInt16(state_.SoundingNote + state_.NoteBase);
@@ -94,7 +82,7 @@ bool ScorePlayer::tonality(const ScoreItem& item) {
         state_.NoteBase = toInt16(item.number + 35);
         form_.XSWB.setCaption(form_.YD.text() + "调");
     }
-    resetStepCounters();
+    accompaniment_.resetCounters();
     state_.NoteDuration = 0;
     moveOn();
     return true;
@@ -104,7 +92,7 @@ bool ScorePlayer::tempo(const ScoreItem& item) {
     if (item.number >= 1 && item.number <= 19) {
         form_.SD.setListIndex(item.number - 1);
         computeTickMs();
-        resetStepCounters();
+        accompaniment_.resetCounters();
         state_.NoteDuration = 0;
     } else {
         // The number read stays the kept duration.
@@ -117,7 +105,7 @@ bool ScorePlayer::tempo(const ScoreItem& item) {
 bool ScorePlayer::rhythm(const ScoreItem& item) {
     if (item.number >= 1 && item.number <= 98) loadRhythmFile(item.number);
     else if (item.number == kSyncOffCommand) form_.Check5.setValue(0);
-    resetStepCounters();
+    accompaniment_.resetCounters();
     state_.NoteDuration = 0;
     moveOn();
     return true;
@@ -205,7 +193,7 @@ void ScorePlayer::stop() {
     form_.Yuepu[0].setCaption("试听");
     state_.AutoPlaying = kFalse;
     state_.ScorePos = 1;
-    resetStepCounters();
+    accompaniment_.resetCounters();
     form_.Picture1[state_.SoundingNote].setPicture(kWhiteKeyUp);
 }
 

@@ -30,7 +30,6 @@ public:
     // Stops the note the player sounds on the melody channels, with its double.
     void stopMelody();
     // RhythmStep, ChordStep, ScoreTick back to 0 and ChordIndex to 1.
-    void resetStepCounters();
 
 private:
     // One item; true when the reader goes on to the next item at once.
@@ -59,7 +58,5 @@ private:
     int16_t statusCounter_ = 0;
 };
 
-// TickMs for a tempo: 7500 / tempo, halves to the even neighbour.
-int16_t tickMsForTempo(double tempo);
 
 }  // namespace tessaly
