@@ -37,12 +37,7 @@ void Accompaniment::step() {
 
     state_.ChordStep = toInt16(state_.ChordStep + 1);
     if (state_.StepsPerChord != 0 && state_.ChordStep % state_.StepsPerChord == 0) {
-        for (int i = 0; i <= 63; ++i) {
-            int16_t note = toInt16(state_.NoteBase + i);
-            midi_.StopNote(3, note);
-            midi_.StopNote(4, note);
-            midi_.StopNote(5, note);
-        }
+        chords_.HX1K();  // the chord of the bar ends
         state_.ChordIndex = toInt16(state_.ChordIndex + 1);
         if (state_.ChordIndex > state_.ChordCount) state_.ChordIndex = 1;
     }

@@ -8,6 +8,7 @@
 #include "forms/ControlSystem.h"
 #include "forms/MainWindow.h"
 #include "platform/Dialogs.h"
+#include "rhythm/Accompaniment.h"
 #include "runtime/Arithmetic.h"
 #include "runtime/FatalFailure.h"
 #include "score/ScoreFiles.h"
@@ -19,9 +20,15 @@ namespace tessaly {
 const char* const kScoreFilter = "乐谱记录txt|*.txt";
 const char* const kAutoPlayHint = "正在进行自动演奏,点击<保存>按钮可把音乐保存为txt格式的乐谱文件！";
 
-ScorePanel::ScorePanel(SharedState& state, MainWindow& form, ScorePlayer& player, ChordLayers& chords,
-                       Dialogs& dialogs, ControlSystem& controls)
-    : state_(state), form_(form), player_(player), chords_(chords), dialogs_(dialogs), controls_(controls) {}
+ScorePanel::ScorePanel(SharedState& state, MainWindow& form, ScorePlayer& player, Accompaniment& accompaniment,
+                       ChordLayers& chords, Dialogs& dialogs, ControlSystem& controls)
+    : state_(state),
+      form_(form),
+      player_(player),
+      accompaniment_(accompaniment),
+      chords_(chords),
+      dialogs_(dialogs),
+      controls_(controls) {}
 
 void ScorePanel::wire() {
     for (int i = 0; i < 5; ++i) form_.Yuepu[i].onClick = [this, i] { Yuepu_Click(i); };
@@ -39,10 +46,7 @@ void ScorePanel::stopPlaying() {
 
 void ScorePanel::startPlay() {
     state_.ScorePos = 1;
-    state_.RhythmStep = 0;
-    state_.ChordStep = 0;
-    state_.ScoreTick = 0;
-    state_.ChordIndex = 1;
+    accompaniment_.resetCounters();
     state_.AccompanimentTick = 0;
     player_.YSCX();
 }
@@ -125,10 +129,7 @@ void ScorePanel::clear() {
     state_.ScoreText.clear();
     form_.Timer1.setTimerEnabled(false);
     state_.ScorePos = 1;
-    state_.RhythmStep = 0;
-    state_.ChordStep = 0;
-    state_.ScoreTick = 0;
-    state_.ChordIndex = 1;
+    accompaniment_.resetCounters();
     form_.SFYXYZ.setEnabled(true);
     form_.SFYXYZ.setFocus();
     form_.FJWZ.setCaption("成功清空乐谱。。。");

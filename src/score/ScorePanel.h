@@ -2,6 +2,7 @@
 
 namespace tessaly {
 
+class Accompaniment;
 class ChordLayers;
 class ControlSystem;
 class Dialogs;
@@ -13,7 +14,8 @@ struct SharedState;
 // stop, delete, open, clear, save) and the two buttons to the other windows.
 class ScorePanel {
 public:
-    ScorePanel(SharedState& state, MainWindow& form, ScorePlayer& player, ChordLayers& chords, Dialogs& dialogs,
+    ScorePanel(SharedState& state, MainWindow& form, ScorePlayer& player, Accompaniment& accompaniment,
+               ChordLayers& chords, Dialogs& dialogs,
                ControlSystem& controls);
 
     void wire();
@@ -38,6 +40,7 @@ private:
     SharedState& state_;
     MainWindow& form_;
     ScorePlayer& player_;
+    Accompaniment& accompaniment_;
     ChordLayers& chords_;
     Dialogs& dialogs_;
     ControlSystem& controls_;

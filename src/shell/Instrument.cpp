@@ -28,7 +28,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       dialogs(platform_.dialogs ? *platform_.dialogs : unansweredDialogs),
       rhythmFiles(platform_, state, form1),
       scorePlayer(platform_, state, midi, form1, accompaniment, chords, rhythmFiles, dialogs),
-      scorePanel(state, form1, scorePlayer, chords, dialogs, controls),
+      scorePanel(state, form1, scorePlayer, accompaniment, chords, dialogs, controls),
       appDir_(std::move(appDir)),
       shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
