@@ -273,7 +273,7 @@ void KeyboardPlay::SD_Click() { applyTempo(numericValue(form_.SD.text())); }
 void KeyboardPlay::SD_LostFocus() {
     double tempo = roundHalfEven(numericValue(form_.SD.text()));
     if (tempo < 40 || tempo > 140) {
-        form_.SD.setText(std::to_string(7500 / state_.TickMs));
+        form_.SD.setText(std::to_string(integerDivide(7500, state_.TickMs)));
         return;
     }
     applyTempo(tempo);

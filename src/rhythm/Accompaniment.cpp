@@ -10,7 +10,7 @@
 namespace tessaly {
 
 int16_t tickMsForTempo(double tempo) {
-    if (tempo == 0) throw FatalFailure(FailureKind::Overflow, "除数为零");
+    if (tempo == 0) throw FatalFailure(FailureKind::DivisionByZero);
     return roundToInt16(7500.0 / tempo);
 }
 

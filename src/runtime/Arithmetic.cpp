@@ -19,6 +19,16 @@ int32_t toInt32(long long value) {
     return static_cast<int32_t>(value);
 }
 
+long long integerDivide(long long dividend, long long divisor) {
+    if (divisor == 0) throw FatalFailure(FailureKind::DivisionByZero);
+    return dividend / divisor;
+}
+
+long long integerRemainder(long long dividend, long long divisor) {
+    if (divisor == 0) throw FatalFailure(FailureKind::DivisionByZero);
+    return dividend % divisor;
+}
+
 int16_t multiply16(int16_t a, int16_t b) {
     return toInt16(static_cast<long long>(a) * b);
 }

@@ -20,6 +20,11 @@ double roundHalfEven(double value);
 // Rounds half to even and narrows to 16 bits, fatal on overflow.
 int16_t roundToInt16(double value);
 
+// Integer division and remainder, truncating toward zero; a zero divisor is
+// the fatal division failure, never a signal.
+long long integerDivide(long long dividend, long long divisor);
+long long integerRemainder(long long dividend, long long divisor);
+
 // Narrows to 32 signed bits, fatal on overflow.
 int32_t toInt32(long long value);
 

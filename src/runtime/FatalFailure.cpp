@@ -8,6 +8,7 @@ const char* failureText(FailureKind kind) {
     case FailureKind::Overflow: return "溢出";
     case FailureKind::TypeMismatch: return "类型不匹配";
     case FailureKind::InvalidCall: return "无效的过程调用或参数";
+    case FailureKind::DivisionByZero: return "除数为零";
     }
     return "运行时错误";
 }

@@ -6,8 +6,8 @@ namespace tessaly {
 
 // The kinds of run-time failure that end the program unless a handler traps
 // them: an index beyond a fixed table, an overflow of a 16-bit value, a text
-// that will not convert, a call the platform refuses.
-enum class FailureKind { SubscriptOutOfRange, Overflow, TypeMismatch, InvalidCall };
+// that will not convert, a call the platform refuses, a division by zero.
+enum class FailureKind { SubscriptOutOfRange, Overflow, TypeMismatch, InvalidCall, DivisionByZero };
 
 class FatalFailure : public std::runtime_error {
 public:
