@@ -55,7 +55,7 @@ int main(int argc, char** argv) {
         return tessaly::kFailureExitCode;
     }
     // The start itself ends the program when another instance is running.
-    if (instrument.ended()) return 0;
+    if (instrument.ended()) return instrument.exitStatus();
     tessaly::screenshotOnStartIfAsked(instrument, {splash, window, farewell});
     return tessaly::GuardedApplication::exec();
 }

@@ -1,5 +1,7 @@
 #include "shell/AppFolder.h"
 
+#include <unistd.h>
+
 #include <cstdlib>
 #include <filesystem>
 
@@ -28,18 +30,25 @@ std::string appFolderFromEnvironment() {
     return appFolderFor(std::getenv("TESSALY_APPDIR"), std::getenv("XDG_DATA_HOME"), std::getenv("HOME"));
 }
 
-void seedAppFolder(const std::string& appDir, const std::string& shippedData) {
-    fs::create_directories(appDir);
+std::optional<std::string> seedAppFolder(const std::string& appDir, const std::string& shippedData) {
+    auto unusable = [&appDir](const std::string& reason) {
+        return "无法使用数据文件夹“" + appDir + "”：" + reason +
+               "\n程序无法启动。请检查这个位置，或用环境变量 TESSALY_APPDIR 指定另一个文件夹。";
+    };
+    std::error_code error;
+    fs::create_directories(appDir, error);
+    if (!fs::is_directory(appDir)) return unusable(error ? error.message() : "它不是一个文件夹");
+    if (access(appDir.c_str(), W_OK | X_OK) != 0) return unusable("没有写入的权限");
     for (const char* sub : {"演奏记录", "音效"}) {
         fs::path target = fs::path(appDir) / sub;
-        if (fs::exists(target)) continue;
-        fs::create_directories(target);
-        std::error_code error;
+        if (fs::exists(target, error)) continue;
+        if (!fs::create_directories(target, error)) return unusable("无法创建子文件夹“" + std::string(sub) + "”");
         fs::path source = fs::path(shippedData) / sub;
         if (shippedData.empty() || !fs::is_directory(source, error)) continue;
         for (const auto& entry : fs::directory_iterator(source, error))
             if (entry.is_regular_file()) fs::copy_file(entry.path(), target / entry.path().filename(), error);
     }
+    return std::nullopt;
 }
 
 }  // namespace tessaly

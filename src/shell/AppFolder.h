@@ -1,4 +1,5 @@
 #pragma once
+#include <optional>
 #include <string>
 
 namespace tessaly {
@@ -12,7 +13,9 @@ std::string appFolderFromEnvironment();
 
 // Creates the folder and, on its first start, its sub-folders "演奏记录" and
 // "音效" filled from the same sub-folders of the shipped data. A sub-folder
-// that is already there is left as the user keeps it.
-void seedAppFolder(const std::string& appDir, const std::string& shippedData);
+// that is already there is left as the user keeps it. When the folder cannot
+// be used (not creatable, not a folder, not writable), the answer is the
+// message that tells the user so.
+std::optional<std::string> seedAppFolder(const std::string& appDir, const std::string& shippedData);
 
 }  // namespace tessaly

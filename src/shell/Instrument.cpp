@@ -54,9 +54,10 @@ void Instrument::start() { startUp.begin(); }
 
 void Instrument::close() { startUp.Form1_Close(); }
 
-void Instrument::end() {
+void Instrument::end(int exitStatus) {
     if (ended_) return;
     ended_ = true;
+    exitStatus_ = exitStatus;
     if (onEnd) onEnd();
 }
 

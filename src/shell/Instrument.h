@@ -41,8 +41,10 @@ public:
     // The user closes the main window: the farewell window ends the program later.
     void close();
     bool ended() const { return ended_; }
+    // The process's exit status once ended: 0, or 1 when the start failed.
+    int exitStatus() const { return exitStatus_; }
     // The program ends at once.
-    void end();
+    void end(int exitStatus = 0);
     std::function<void()> onEnd;
     // The main window has been activated once.
     bool activated() const { return activated_; }
@@ -91,6 +93,7 @@ private:
     std::string shippedData_;
     bool activated_ = false;
     bool ended_ = false;
+    int exitStatus_ = 0;
 };
 
 // The text the information panel shows at start.

@@ -122,11 +122,12 @@ void SettingsFile::apply(const Settings& s) {
 }
 
 void SettingsFile::errorPath() {
-    // The broken file is kept for the user before the defaults replace it.
-    std::error_code error;
-    std::filesystem::copy_file(path(), state_.AppDir + kBrokenSettingsFileName,
-                               std::filesystem::copy_options::overwrite_existing, error);
-    write(defaultSettingsText());
+    // The defaults replace the user's file only once a copy of it is kept:
+    // a file that cannot be read, or a copy that cannot be written, leaves
+    // the user's file as it is.
+    std::optional<std::string> bytes = readFileBytes(path());
+    bool kept = bytes && replaceFile(state_.AppDir + kBrokenSettingsFileName, *bytes);
+    if (kept) replaceFile(path(), defaultSettingsText());
     platform_.boxes.timedBox("提示", "读取设置文件出错，软件需重新启动!", 5000);
 }
 

@@ -27,7 +27,11 @@ void StartUp::DZQQD_Form_Load() {
         return;
     }
     app_.state.AppDir = app_.appDir();
-    seedAppFolder(app_.appDir(), app_.shippedData());
+    if (auto problem = seedAppFolder(app_.appDir(), app_.shippedData())) {
+        app_.platform.boxes.plainBox(*problem);
+        app_.end(1);
+        return;
+    }
     app_.settings.writeDefaultsIfMissing();
     app_.DZQQD.Timer1.setTimerEnabled(true);
 }

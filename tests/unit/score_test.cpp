@@ -7,6 +7,7 @@
 
 #include "Harness.h"
 #include "runtime/FatalFailure.h"
+#include "runtime/TextFiles.h"
 #include "score/ScoreFiles.h"
 #include "score/ScoreReader.h"
 
@@ -79,7 +80,7 @@ TEST(ScoreFiles, ReadingJoinsLinesAndFallsBackToGb18030) {
     // "乐谱" in GB18030 is not valid UTF-8.
     std::ofstream(path, std::ios::binary) << "KC8\xC0\xD6\xC6\xD7\nTZ";
     EXPECT_EQ(readScoreFile(path), "KC8乐谱TZ");
-    EXPECT_EQ(decodeFileText("\xEF\xBB\xBFKC"), "KC");
+    EXPECT_EQ(decodeText("\xEF\xBB\xBFKC"), "KC");
 
     EXPECT_FALSE(readScoreFile((dir / "missing.txt").string()));
     // A save that cannot be written leaves no trace.

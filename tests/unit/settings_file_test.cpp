@@ -47,8 +47,8 @@ TEST(SettingsFile, DefaultTextIsTheSavedFormWithoutTheFirstBlankAndReadsBack) {
 }
 
 TEST(TextFiles, Gb18030IsReadWhenTheBytesAreNotUtf8) {
-    EXPECT_EQ(decodeText("\xD6\xD3\xC9\xF9.wav"), std::optional<std::string>("钟声.wav"));
-    EXPECT_EQ(decodeText("钟声.wav"), std::optional<std::string>("钟声.wav"));
+    EXPECT_EQ(decodeText("\xD6\xD3\xC9\xF9.wav"), "钟声.wav");
+    EXPECT_EQ(decodeText("钟声.wav"), "钟声.wav");
     EXPECT_FALSE(isValidUtf8("\xC0\x80"));  // overlong
     EXPECT_FALSE(isValidUtf8("\xE9\x92"));  // cut short
 }

@@ -129,7 +129,7 @@ int ScriptDriver::run(std::istream& script) {
             if (execute(line)) {
                 printEvents();
                 out_ << "ended\n";
-                return 0;
+                return instrument_->exitStatus();
             }
         } catch (const FatalFailure& failure) {
             out_ << "fatal " << failure.what() << "\n";
