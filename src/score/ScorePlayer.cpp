@@ -32,6 +32,8 @@ ScorePlayer::ScorePlayer(Platform& platform, SharedState& state, MidiOut& midi, 
     : platform_(platform), state_(state), midi_(midi), form_(form), accompaniment_(accompaniment), chords_(chords),
       rhythmFiles_(rhythmFiles), dialogs_(dialogs) {}
 
+ScorePlayer::~ScorePlayer() = default;
+
 void ScorePlayer::wire() { form_.Timer3.onTimer = [this] { Timer3_Timer(); }; }
 
 void ScorePlayer::computeTickMs() { state_.TickMs = tickMsForTempo(numericValue(form_.SD.text())); }
@@ -48,12 +50,17 @@ void ScorePlayer::moveOn() { state_.ScorePos = toInt32(static_cast<long long>(st
 
 void ScorePlayer::YSCX() {
     // Commands take no time: a run of them is read in this one call, in a
-    // loop, so that a long run cannot use up the stack.
-    while (readOne()) {
+    // loop, so that a long run cannot use up the stack. The text is indexed
+    // once and again only when it has changed, so that reading a score
+    // does not go over the whole text for every item.
+    if (!characters_ || characters_->text() != state_.ScoreText)
+        characters_ = std::make_unique<ScoreCharacters>(state_.ScoreText);
+    const ScoreCharacters& text = *characters_;
+    while (readOne(text)) {
     }
 }
 
-bool ScorePlayer::readOne() {
+bool ScorePlayer::readOne(const ScoreCharacters& text) {
     computeTickMs();
     if (state_.ScorePos < 1) state_.ScorePos = 1;
     form_.Text3.setFocus();
@@ -61,7 +68,7 @@ bool ScorePlayer::readOne() {
     form_.Text3.setSelStart(state_.ScorePos);
     form_.Text3.setSelLength(1);
 
-    ScoreItem item = readScoreItem(state_.ScoreText, state_.ScorePos, state_.NoteDuration, state_.ScoreLen);
+    ScoreItem item = readScoreItem(text, state_.ScorePos, state_.NoteDuration, state_.ScoreLen);
     switch (item.kind) {
     case ScoreTokenKind::Tonality: return tonality(item);
     case ScoreTokenKind::Tempo: return tempo(item);

@@ -1,7 +1,10 @@
 #pragma once
 #include <cstdint>
+#include <memory>
 
 namespace tessaly {
+
+class ScoreCharacters;
 
 class Accompaniment;
 class ChordLayers;
@@ -20,6 +23,7 @@ class ScorePlayer {
 public:
     ScorePlayer(Platform& platform, SharedState& state, MidiOut& midi, MainWindow& form,
                 Accompaniment& accompaniment, ChordLayers& chords, RhythmFiles& rhythmFiles, Dialogs& dialogs);
+    ~ScorePlayer();
 
     void wire();
 
@@ -33,7 +37,7 @@ public:
 
 private:
     // One item; true when the reader goes on to the next item at once.
-    bool readOne();
+    bool readOne(const ScoreCharacters& text);
     bool tonality(const ScoreItem& item);
     bool tempo(const ScoreItem& item);
     bool rhythm(const ScoreItem& item);
@@ -56,6 +60,7 @@ private:
     Dialogs& dialogs_;
     // Shown in the status line on every tick; nothing advances it.
     int16_t statusCounter_ = 0;
+    std::unique_ptr<ScoreCharacters> characters_;
 };
 
 

@@ -1,6 +1,6 @@
 #include "score/ScoreReader.h"
 
-#include <vector>
+#include <algorithm>
 
 #include "notation/NoteVocabulary.h"
 #include "runtime/Arithmetic.h"
@@ -9,15 +9,6 @@
 namespace tessaly {
 
 namespace {
-
-// Byte offsets of each character's start, with the end of the text last.
-std::vector<std::size_t> characterStarts(std::string_view text) {
-    std::vector<std::size_t> starts;
-    for (std::size_t i = 0; i < text.size(); ++i)
-        if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) starts.push_back(i);
-    starts.push_back(text.size());
-    return starts;
-}
 
 bool isDigit(std::string_view c) { return c.size() == 1 && c[0] >= '0' && c[0] <= '9'; }
 
@@ -34,16 +25,27 @@ ScoreTokenKind scoreTokenKind(std::string_view token) {
     return ScoreTokenKind::Unknown;
 }
 
+ScoreCharacters::ScoreCharacters(std::string text) : text_(std::move(text)) {
+    starts_.reserve(text_.size() + 1);
+    for (std::size_t i = 0; i < text_.size(); ++i)
+        if ((static_cast<unsigned char>(text_[i]) & 0xC0) != 0x80) starts_.push_back(i);
+    starts_.push_back(text_.size());
+}
+
+std::string_view ScoreCharacters::chars(long long from, long long count) const {
+    const long long end = length() + 1;
+    long long first = std::min(std::max(from, 1LL), end);
+    long long last = std::min(first + count, end);
+    return std::string_view(text_).substr(starts_[first - 1], starts_[last - 1] - starts_[first - 1]);
+}
+
 ScoreItem readScoreItem(std::string_view text, int32_t& pos, int16_t& noteDuration, int16_t& scoreLen) {
-    const std::vector<std::size_t> starts = characterStarts(text);
-    const long long length = static_cast<long long>(starts.size()) - 1;
-    scoreLen = toInt16(length);
-    // Characters [from, from + count) counted from 1, clamped to the text.
-    auto chars = [&](long long from, long long count) -> std::string_view {
-        long long first = std::min(std::max(from, 1LL), length + 1);
-        long long last = std::min(first + count, length + 1);
-        return text.substr(starts[first - 1], starts[last - 1] - starts[first - 1]);
-    };
+    return readScoreItem(ScoreCharacters(std::string(text)), pos, noteDuration, scoreLen);
+}
+
+ScoreItem readScoreItem(const ScoreCharacters& text, int32_t& pos, int16_t& noteDuration, int16_t& scoreLen) {
+    scoreLen = toInt16(text.length());
+    auto chars = [&text](long long from, long long count) { return text.chars(from, count); };
 
     long long p = pos < 1 ? 1 : pos;
     ScoreItem item;
