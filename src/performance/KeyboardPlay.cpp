@@ -74,6 +74,10 @@ void KeyboardPlay::SFYXYZ_KeyDown(int16_t& KeyCode, int16_t Shift) {
         state_.KeyHeld[KeyCode] = kTrue;
         return;
     }
+    if (KeyCode == vk::Escape) {
+        panic();
+        return;
+    }
     if (state_.KeyHeld[KeyCode]) return;
     state_.LastKeyCode = KeyCode;
 
@@ -258,6 +262,19 @@ void KeyboardPlay::Check3_Click(int Index) {
     midi_.SendController(channel, 5, on ? 25 : 0);
     midi_.SendController(channel, 66, on ? 100 : 20);
     midi_.SendController(channel, 91, on ? 100 : 20);
+}
+
+void KeyboardPlay::panic() {
+    // Some paths leave notes on by design (a key lifted after a change of
+    // tonality, the low double that Space does not reach): the way out that
+    // every MIDI instrument gives, All Sound Off and All Notes Off.
+    for (int16_t channel = 0; channel < 16; ++channel) {
+        midi_.SendController(channel, 120, 0);
+        midi_.SendController(channel, 123, 0);
+    }
+    for (auto& [offset, key] : form_.Picture1)
+        key->setPicture(state_.IsWhiteKey[offset] ? kWhiteKeyUp : kBlackKeyUp);
+    form_.FJWZ.setCaption("全部静音。。。");
 }
 
 void KeyboardPlay::Check5_Click() { state_.AutoSyncFlag = truth(form_.Check5.value() == 1); }

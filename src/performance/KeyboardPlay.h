@@ -15,7 +15,7 @@ struct SharedState;
 // Virtual key codes the keyboard reacts to.
 namespace vk {
 constexpr int Backspace = 8, Shift = 16, Space = 32, PageUp = 33, PageDown = 34, End = 35, Home = 36;
-constexpr int Insert = 45, Delete = 46, Numpad0 = 96, Numpad9 = 105, Add = 107, Subtract = 109, Decimal = 110;
+constexpr int Escape = 27, Insert = 45, Delete = 46, Numpad0 = 96, Numpad9 = 105, Add = 107, Subtract = 109, Decimal = 110;
 constexpr int F1 = 112, F12 = 123;
 }  // namespace vk
 
@@ -60,6 +60,8 @@ private:
     // Puts the caret at ScoreEnd and inserts the text there.
     void writeToScore(const std::string& text);
     void applyTempo(double tempo);
+    // Esc: every note of every channel off, whatever path left it sounding.
+    void panic();
 
     Platform& platform_;
     SharedState& state_;

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "Harness.h"
+#include "notation/NoteVocabulary.h"
 #include "performance/KeyboardPlay.h"
+#include "platform/testing/SoundingNotes.h"
 
 using namespace tessaly;
 using tessaly::testing::Harness;
@@ -219,4 +221,31 @@ TEST(KeyboardPlay, AutoSyncDownbeatAndStepsRideOnTheTick) {
     h.loop.advance(kTick);
     EXPECT_EQ(h.sent(), (Lines{"179 11 112", "180 11 112", "185 11 112", "153 38 100"}));
     EXPECT_EQ(h.app->state.RhythmStep, 2);
+}
+
+TEST(KeyboardPlay, EscapeSilencesTheLowDoubleThatSpaceLeavesSounding) {
+    Harness h;
+    SoundingNotes sounding;
+    auto follow = [&] {
+        for (const RecordedMidi& m : h.midiPort.take()) sounding.apply(m.message);
+    };
+    int lowest = 0;
+    for (int key = 1; key <= 255 && !lowest; ++key)
+        if (isNoteKey(key) && h.app->state.keys.KeyNoteOffset[key] == 0) lowest = key;
+    ASSERT_NE(lowest, 0);
+    h.keyDown(lowest);  // the lowest note on three channels, its double a fourth below
+    h.press(vk::Space);  // stops NoteBase and up: the double stays on
+    follow();
+    EXPECT_EQ(sounding.notes(), (std::set<std::pair<int, int>>{{2, 31}}));
+
+    h.keyDown(vk::Escape);
+    follow();
+    EXPECT_TRUE(sounding.silent());
+    for (auto& [offset, key] : h.app->form1.Picture1)
+        EXPECT_EQ(key->picture(), isWhiteKey(static_cast<int>(offset)) ? kWhiteKeyUp : kBlackKeyUp) << offset;
+    // Held or repeated, Esc works every time and writes nothing into the score.
+    const std::string score = h.app->form1.Text3.text();
+    h.keyDown(vk::Escape);
+    EXPECT_EQ(h.sent().size(), 32u);
+    EXPECT_EQ(h.app->form1.Text3.text(), score);
 }
