@@ -28,6 +28,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       rhythmFiles(platform_, state, midi, form1, dialogs),
       scorePlayer(platform_, state, midi, form1, accompaniment, chords, rhythmFiles, dialogs),
       scorePanel(state, form1, scorePlayer, accompaniment, chords, dialogs, controls),
+      rhythmSequencer(platform_, state, form1, accompaniment, chords),
       patternEditing(state, midi, form1),
       appDir_(std::move(appDir)),
       shippedData_(std::move(shippedData)) {
@@ -40,6 +41,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     scorePlayer.wire();
     scorePanel.wire();
     rhythmFiles.wire();
+    rhythmSequencer.wire();
     patternEditing.wire();
     form1.BCSZ.onClick = [this] { settings.BCSZ_Click(); };
     form1.ComDevies.onClick = [this] { ComDevies_Click(); };

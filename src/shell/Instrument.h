@@ -16,6 +16,7 @@
 #include "platform/testing/ScriptedDialogs.h"
 #include "rhythm/Accompaniment.h"
 #include "rhythm/PatternEditing.h"
+#include "rhythm/RhythmSequencer.h"
 #include "shell/SettingsFile.h"
 #include "shell/StartUp.h"
 #include "shell/MainPanels.h"
@@ -79,6 +80,7 @@ public:
     RhythmFiles rhythmFiles;
     ScorePlayer scorePlayer;
     ScorePanel scorePanel;
+    RhythmSequencer rhythmSequencer;
     PatternEditing patternEditing;
 
 private:
