@@ -217,5 +217,39 @@ TEST(RhythmFiles, CancelledSaveDialogChangesNothing) {
     EXPECT_TRUE(fs::is_empty(h.folder()));
 }
 
+// The built-in rhythms list first, load like any user file, and are exactly
+// what the page writes back for the same pattern and title.
+TEST(RhythmFiles, TheBuiltInRhythmsLoadAndSaveBackByteForByte) {
+    const fs::path shipped = fs::path(TESSALY_SOURCE_DIR) / "data" / "演奏记录";
+    std::map<std::string, std::string> files;
+    for (const auto& entry : fs::directory_iterator(shipped))
+        if (entry.path().extension() == ".bin") {
+            std::ifstream in(entry.path(), std::ios::binary);
+            files[entry.path().filename().string()] =
+                std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+        }
+    ASSERT_GE(files.size(), 9u);
+    files["我的.bin"] = "0502000000000000000000000000000000000000000000000000000000000我的";
+    RhythmHarness h(files);
+    ASSERT_EQ(h.form().File1.listCount(), static_cast<int>(files.size()));
+    EXPECT_EQ(h.form().File1.item(static_cast<int>(files.size()) - 1), "我的.bin");
+    bool sawThreeFour = false;
+    for (int i = 0; i + 1 < h.form().File1.listCount(); ++i) {
+        const std::string name = h.form().File1.item(i);
+        h.form().File1.userPick(i);
+        EXPECT_TRUE(h.log.take().empty()) << name;
+        EXPECT_EQ(h.form().Label11.caption(), std::to_string(i + 1) + "★" + name);
+        EXPECT_EQ(h.app->rhythmFiles.patternLine(name) + "\r\n", files[name]) << name;
+        sawThreeFour = sawThreeFour || h.app->state.RhythmLastStep == 11;
+        // Every track sounds somewhere, and only instruments of the catalogue.
+        for (int k = 0; k < 3; ++k) {
+            bool sounds = false;
+            for (int s = 0; s <= h.app->state.RhythmLastStep; ++s) sounds = sounds || h.app->midi.StepTable[s][k].On;
+            EXPECT_TRUE(sounds) << name << " track " << k;
+        }
+    }
+    EXPECT_TRUE(sawThreeFour);
+}
+
 }  // namespace
 }  // namespace tessaly
