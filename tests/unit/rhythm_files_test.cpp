@@ -213,6 +213,9 @@ TEST(RhythmFiles, CancelledSaveDialogChangesNothing) {
     RhythmHarness h;
     h.app->state.FilePathInUse = "before";
     h.page().Cmdcill[1].userClick();
+    ASSERT_TRUE(h.app->unansweredDialogs.lastRequest());
+    EXPECT_EQ(h.app->unansweredDialogs.lastRequest()->kind, "save");
+    EXPECT_EQ(h.app->unansweredDialogs.lastRequest()->filter, "节奏bin|*.bin");
     EXPECT_EQ(h.app->state.FilePathInUse, "before");
     EXPECT_TRUE(fs::is_empty(h.folder()));
 }
