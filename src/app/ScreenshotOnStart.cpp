@@ -18,6 +18,8 @@ namespace {
 constexpr int kSettleMs = 800;
 // Room around a shaped window, so that its outline shows against the screen.
 constexpr int kMargin = 24;
+// Long enough for a few steps of a running rhythm.
+constexpr int kRhythmRunMs = 1700;
 
 void save(const QPixmap& picture, const QString& path) {
     bool saved = !picture.isNull() && picture.save(path, "PNG");
@@ -59,6 +61,13 @@ void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& w
             instrument.form1.Command1.userClick();
             QTimer::singleShot(kSettleMs, &windows.farewell,
                                [&windows, path] { save(screenAround(windows.farewell), path); });
+        });
+    } else if (of == QLatin1String("rhythm")) {
+        // The rhythm tab with the first built-in rhythm running for a while.
+        whenMainWindowIsUp(instrument, main, [&instrument, &main, path] {
+            instrument.form1.Xxk[2].userClick();
+            instrument.form1.BzQd.userClick();
+            QTimer::singleShot(kRhythmRunMs, &main, [&main, path] { save(main.grab(), path); });
         });
     } else {
         const bool shortcuts = of == QLatin1String("shortcuts");

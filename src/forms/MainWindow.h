@@ -1,6 +1,7 @@
 #pragma once
 #include "forms/FileListBox.h"
 #include "forms/Form.h"
+#include "forms/RhythmPage.h"
 #include "forms/TabButton.h"
 
 namespace tessaly {
@@ -65,6 +66,9 @@ public:
 
     // Exit
     Button& Command1;
+
+    // The rhythm page's own controls
+    RhythmPage rhythmPage;
 
 private:
     void addShortcutPage();

@@ -1,8 +1,6 @@
 #include "score/ScorePlayer.h"
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <optional>
 
 #include "chords/ChordLayers.h"
@@ -128,12 +126,8 @@ void ScorePlayer::loadRhythmFile(int n) {
     std::error_code error;
     if (lookedUp.empty() || !fs::is_regular_file(fs::path(dialogs_.currentFolder()) / lookedUp, error)) return;
 
-    const std::string& name = files.item(n - 1);
-    std::optional<std::string> text = [&]() -> std::optional<std::string> {
-        std::ifstream file(fs::path(files.path()) / name, std::ios::binary);
-        if (!file) return std::nullopt;
-        return std::string((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-    }();
+    const std::string name = files.item(n - 1);
+    std::optional<std::string> text = readRhythmFile((fs::path(files.path()) / name).string());
     if (!text) throw FatalFailure(FailureKind::InvalidCall, "无法打开节奏文件 " + name);
     state_.RhythmFileText = *text;
     files.setListIndex(n - 1);

@@ -3,7 +3,6 @@
 #include "notation/Catalogue.h"
 #include "notation/KeyTables.h"
 #include "notation/NoteVocabulary.h"
-#include "runtime/TextFiles.h"
 #include "shell/StateRegistry.h"
 
 namespace tessaly {
@@ -26,9 +25,11 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       startUp(*this),
       panels(form1),
       dialogs(platform_.dialogs ? *platform_.dialogs : unansweredDialogs),
-      rhythmFiles(platform_, state, form1),
+      rhythmFiles(platform_, state, midi, form1, dialogs),
       scorePlayer(platform_, state, midi, form1, accompaniment, chords, rhythmFiles, dialogs),
       scorePanel(state, form1, scorePlayer, accompaniment, chords, dialogs, controls),
+      rhythmSequencer(platform_, state, form1, accompaniment, chords),
+      patternEditing(state, midi, form1),
       appDir_(std::move(appDir)),
       shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
@@ -39,6 +40,9 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     panels.setEntryAction(5, [this] { shortcuts.enterShortcutTab(); });
     scorePlayer.wire();
     scorePanel.wire();
+    rhythmFiles.wire();
+    rhythmSequencer.wire();
+    patternEditing.wire();
     form1.BCSZ.onClick = [this] { settings.BCSZ_Click(); };
     form1.ComDevies.onClick = [this] { ComDevies_Click(); };
     form1.onLoad = [this] { Form_Load(); };
@@ -104,11 +108,16 @@ void Instrument::fillCatalogueLists() {
                                    &form1.YQSZ[0], &form1.YQSZ[1], &form1.YQSZ[2]};
     for (int i = 0; i < kInstrumentCount; ++i)
         for (ComboBox* list : instrumentLists) list->addItem(instrumentName(i));
-    for (int i = 0; i < kPercussionCount; ++i) form1.YQSZ[3].addItem(percussionName(i));
+    ComboBox* percussionLists[] = {&form1.rhythmPage.LblInst[0], &form1.rhythmPage.LblInst[1],
+                                   &form1.rhythmPage.LblInst[2], &form1.YQSZ[3]};
+    for (int i = 0; i < kPercussionCount; ++i)
+        for (ComboBox* list : percussionLists) list->addItem(percussionName(i));
 }
 
 void Instrument::QDCSH() {
     state.RhythmLastStep = 15;
+    patternEditing.loadGrid();
+    patternEditing.BZXS();
     form1.XSWB.setCaption(kStartHint);
     for (int offset = 0; offset < kOnScreenKeyCount; ++offset) {
         bool white = isWhiteKey(offset);
@@ -145,20 +154,11 @@ void Instrument::QDCSH() {
     midi.SetProgram(4, 0, static_cast<int16_t>(form1.Combo2.listIndex() - 1));
     midi.SetProgram(5, 0, static_cast<int16_t>(form1.Combo3.listIndex() - 1));
 
-    openFirstRhythmFile();
+    rhythmFiles.loadFirstFileAtStart();
     CSHX();
 
     state.ScoreText.clear();
     state.SinceNoteTicks = 0;
-}
-
-void Instrument::openFirstRhythmFile() {
-    // A missing folder is the file list's own failure; no rhythm file is no message.
-    form1.File1.setPath(state.AppDir + "演奏记录/");
-    form1.File1.setPattern("*.bin");
-    if (form1.File1.listCount() == 0) return;
-    std::optional<std::string> text = readTextFile(form1.File1.path() + form1.File1.item(0));
-    if (text && OpenJZwj) OpenJZwj(*text);
 }
 
 void Instrument::CSHX() {

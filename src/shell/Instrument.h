@@ -15,6 +15,8 @@
 #include "platform/Platform.h"
 #include "platform/testing/ScriptedDialogs.h"
 #include "rhythm/Accompaniment.h"
+#include "rhythm/PatternEditing.h"
+#include "rhythm/RhythmSequencer.h"
 #include "shell/SettingsFile.h"
 #include "shell/StartUp.h"
 #include "shell/MainPanels.h"
@@ -59,9 +61,6 @@ public:
     // Chord order and figures at start-up.
     void CSHX();
 
-    // Takes in the text of a rhythm file; set by the rhythm page.
-    std::function<void(const std::string& text)> OpenJZwj;
-
     Platform& platform;
     ControlSystem controls;
     SharedState state;
@@ -83,11 +82,12 @@ public:
     RhythmFiles rhythmFiles;
     ScorePlayer scorePlayer;
     ScorePanel scorePanel;
+    RhythmSequencer rhythmSequencer;
+    PatternEditing patternEditing;
 
 private:
     void registerVariables();
     void fillCatalogueLists();
-    void openFirstRhythmFile();
 
     std::string appDir_;
     std::string shippedData_;

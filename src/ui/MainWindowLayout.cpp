@@ -54,7 +54,6 @@ void placeMelodyPanel(MainWindow& form) {
     place(form.YD, 484, kRowTop + kRowStep, 68, kRowHeight);
     const int lastRow = kRowTop + 3 * kRowStep + 8;
     place(form.Check1, 12, lastRow, 96, kRowHeight);
-    place(form.Check5, 112, lastRow, 96, kRowHeight);
     place(form.ComDevies, 300, lastRow, 252, kRowHeight);
 }
 

@@ -16,6 +16,7 @@
 #include "ui/KeyCapButton.h"
 #include "ui/MainWindowLayout.h"
 #include "ui/PictureView.h"
+#include "ui/RhythmPageView.h"
 #include "ui/Pictures.h"
 
 namespace tessaly {
@@ -30,6 +31,7 @@ MainWindowView::MainWindowView(MainWindow& model) : model_(model), binder_(model
     for (auto& [index, panel] : model_.Jiezhou) {
         auto& view = make<PictureView>(*panel, *this, "panel");
         if (index == 0) buildMelodyPanel(view);
+        if (index == 2) new RhythmPageView(view, model_, binder_);
         if (index == 5) buildShortcutPanel(view);
     }
 
@@ -79,7 +81,6 @@ void MainWindowView::buildMelodyPanel(QWidget& panel) {
     binder_.bind(model_.SD, *tempo);
     make<QComboBox>(model_.YD, panel).setMaxVisibleItems(12);
     make<QCheckBox>(model_.Check1, panel);
-    make<QCheckBox>(model_.Check5, panel);
     make<QComboBox>(model_.ComDevies, panel);
 }
 

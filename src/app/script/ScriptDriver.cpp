@@ -186,6 +186,10 @@ bool ScriptDriver::execute(const std::string& line) {
         Control& target = control(rest);
         if (!target.canTakeFocus()) throw ScriptError(rest + " cannot take the focus");
         target.setFocus();
+    } else if (command == "move") {
+        // The pointer moves over the control with no button held.
+        Control& target = control(rest);
+        if (target.onMouseMove) target.onMouseMove(0, 0, 0, 0);
     } else if (command == "set") {
         auto [path, value] = splitWord(rest);
         if (!controls.set(path, value)) throw ScriptError("cannot set " + path);
