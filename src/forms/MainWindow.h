@@ -1,4 +1,5 @@
 #pragma once
+#include "forms/ChordPage.h"
 #include "forms/FileListBox.h"
 #include "forms/Form.h"
 #include "forms/TabButton.h"
@@ -65,6 +66,9 @@ public:
 
     // Exit
     Button& Command1;
+
+    // The chord page's own controls
+    ChordPage chordPage;
 
 private:
     void addShortcutPage();

@@ -3,6 +3,7 @@
 #include "notation/Catalogue.h"
 #include "notation/KeyTables.h"
 #include "notation/NoteVocabulary.h"
+#include "chords/ChordRegistry.h"
 #include "runtime/TextFiles.h"
 #include "shell/StateRegistry.h"
 
@@ -15,7 +16,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     : platform(platform_),
       midi(platform_, state),
       form1(controls, platform_.loop),
-      chords(state, midi),
+      chords(state, chordState, midi, form1),
       accompaniment(state, midi, form1, chords),
       effects(platform_, state, form1),
       keyboard(platform_, state, midi, form1, accompaniment, chords, effects),
@@ -48,7 +49,10 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
 
 Instrument::~Instrument() = default;
 
-void Instrument::registerVariables() { registerSharedState(controls, state, midi); }
+void Instrument::registerVariables() {
+    registerSharedState(controls, state, midi);
+    registerChordState(controls, chordState, chords, midi);
+}
 
 void Instrument::start() { startUp.begin(); }
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "chords/ChordLayers.h"
+#include "chords/ChordState.h"
 #include "forms/ControlSystem.h"
 #include "forms/FarewellWindow.h"
 #include "forms/MainWindow.h"
@@ -63,6 +64,7 @@ public:
     Platform& platform;
     ControlSystem controls;
     SharedState state;
+    ChordState chordState;
     MidiOut midi;
     MainWindow form1;
     ChordLayers chords;

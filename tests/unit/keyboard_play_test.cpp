@@ -204,7 +204,10 @@ TEST(KeyboardPlay, VibratoControllersInOrder) {
 TEST(KeyboardPlay, AutoSyncDownbeatAndStepsRideOnTheTick) {
     Harness h;
     h.app->form1.Check5.setValue(1);
-    h.app->form1.xuanyue.setListIndex(0);  // no chord layer calls
+    // no chord layer calls, neither at the downbeat nor on the tick
+    h.app->form1.xuanyue.setListIndex(0);
+    h.app->form1.Combo1.setListIndex(0);
+    h.app->form1.Combo2.setListIndex(0);
     h.app->midi.StepTable[0][0] = {-1, 36, 100, MidiOut::percussionMessage(36, 100)};
     h.app->midi.StepTable[1][0] = {-1, 38, 100, MidiOut::percussionMessage(38, 100)};
     h.sent();
