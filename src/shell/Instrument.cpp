@@ -30,6 +30,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       rhythmFiles(platform_, state, form1),
       scorePlayer(platform_, state, midi, form1, accompaniment, chords, rhythmFiles, dialogs),
       scorePanel(state, form1, scorePlayer, accompaniment, chords, dialogs, controls),
+      chordSequencer(state, chordState, midi, form1, chords),
       appDir_(std::move(appDir)),
       shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
@@ -40,6 +41,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     panels.setEntryAction(5, [this] { shortcuts.enterShortcutTab(); });
     scorePlayer.wire();
     scorePanel.wire();
+    chordSequencer.wire();
     form1.BCSZ.onClick = [this] { settings.BCSZ_Click(); };
     form1.ComDevies.onClick = [this] { ComDevies_Click(); };
     form1.onLoad = [this] { Form_Load(); };

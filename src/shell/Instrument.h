@@ -4,6 +4,7 @@
 #include <string>
 
 #include "chords/ChordLayers.h"
+#include "chords/ChordSequencer.h"
 #include "chords/ChordState.h"
 #include "forms/ControlSystem.h"
 #include "forms/FarewellWindow.h"
@@ -83,6 +84,7 @@ public:
     RhythmFiles rhythmFiles;
     ScorePlayer scorePlayer;
     ScorePanel scorePanel;
+    ChordSequencer chordSequencer;
 
 private:
     void registerVariables();
