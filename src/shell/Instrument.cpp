@@ -31,6 +31,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       scorePlayer(platform_, state, midi, form1, accompaniment, chords, rhythmFiles, dialogs),
       scorePanel(state, form1, scorePlayer, accompaniment, chords, dialogs, controls),
       chordSequencer(state, chordState, midi, form1, chords),
+      chordPage(platform_, state, chordState, midi, form1, chords),
       appDir_(std::move(appDir)),
       shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
@@ -42,6 +43,8 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     scorePlayer.wire();
     scorePanel.wire();
     chordSequencer.wire();
+    chordPage.wire();
+    panels.setEntryAction(1, [this] { chordPage.enterChordTab(); });
     form1.BCSZ.onClick = [this] { settings.BCSZ_Click(); };
     form1.ComDevies.onClick = [this] { ComDevies_Click(); };
     form1.onLoad = [this] { Form_Load(); };
@@ -91,6 +94,7 @@ void Instrument::Form_Activate() {
     form1.Label1.setVisible(false);
     activated_ = true;
     form1.Timer2.setTimerEnabled(true);
+    chordPage.rebuildAtActivation();
     state.AutoSyncFlag = 0;
 }
 
@@ -166,10 +170,6 @@ void Instrument::openFirstRhythmFile() {
     if (text && OpenJZwj) OpenJZwj(*text);
 }
 
-void Instrument::CSHX() {
-    // Only the position in the chord order is known before the chord page
-    // draws its order and figures.
-    state.ChordIndex = 1;
-}
+void Instrument::CSHX() { chordPage.CSHX(); }
 
 }  // namespace tessaly

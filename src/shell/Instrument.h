@@ -4,6 +4,7 @@
 #include <string>
 
 #include "chords/ChordLayers.h"
+#include "chords/ChordPageHandlers.h"
 #include "chords/ChordSequencer.h"
 #include "chords/ChordState.h"
 #include "forms/ControlSystem.h"
@@ -85,6 +86,7 @@ public:
     ScorePlayer scorePlayer;
     ScorePanel scorePanel;
     ChordSequencer chordSequencer;
+    ChordPageHandlers chordPage;
 
 private:
     void registerVariables();

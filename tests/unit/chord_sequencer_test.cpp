@@ -44,6 +44,36 @@ TEST(ChordSequencer, KeyboardPlayCarriesTheOrderRoundAndRound) {
     EXPECT_EQ(h.chordNotes(), (Lines{"147 48 55"}));
 }
 
+TEST(ChordSequencer, TheAuditionDecaysOverEachBarOnTheFirstTwoLayersOnly) {
+    ChordHarness h;
+    for (long layer = 1; layer <= 3; ++layer) h.chords.SavedPatterns[layer] = "LGWCWEWGKCKEKGHC";
+    h.app->chordPage.metreChanged(true);
+    EXPECT_EQ(h.page.Text4.text(), "WEWGKCKEKGHC");
+    h.s.RhythmLastStep = 11;  // the rhythm page's half of 3/4
+    EXPECT_EQ(h.s.StepsPerChord, 6);
+    h.page.Text6.setText("1");
+    h.page.Text6.setFocus();
+    h.app->form1.SFYXYZ.setFocus();
+    h.sent();
+
+    h.page.Check6.userClick();
+    // The audition takes the 4/4 strides in every metre.
+    EXPECT_EQ(h.s.StepsPerChord, 8);
+    EXPECT_EQ(h.s.TotalChordSteps, 8);
+    EXPECT_EQ(h.page.HXYS.interval(), kTick);
+    h.loop.advance(kTick * 25);
+    std::vector<int> expression;
+    for (const std::string& m : h.sent()) {
+        if (m.rfind("179 11 ", 0) == 0) expression.push_back(std::stoi(m.substr(7)));
+        EXPECT_NE(m.rfind("181 11 ", 0), 0u) << m;
+        EXPECT_NE(m.rfind("185 11 ", 0), 0u) << m;
+    }
+    ASSERT_EQ(expression.size(), 25u);
+    EXPECT_EQ(expression[0], 120);
+    EXPECT_EQ(expression[23], 74);  // a bar of 24 ticks in 3/4
+    EXPECT_EQ(expression[24], 120);
+}
+
 TEST(ChordSequencer, SpeedsSetTheTempoAndTheRhythmTimerFourTimesOver) {
     ChordHarness h;
     MainWindow& f = h.app->form1;
