@@ -16,7 +16,8 @@ struct ScreenshotWindows {
 // When the environment names a file in TESSALY_SCREENSHOT, a picture of one
 // window is saved there once it is up, and the program quits. Which window
 // TESSALY_SCREENSHOT_OF says: "splash", "main" (the default), "shortcuts"
-// (the main window on its settings tab) or "farewell". The shaped windows are
+// (the main window on its settings tab), "chords" (on its chord tab) or
+// "farewell". The shaped windows are
 // taken from the screen around them, so that their shape shows.
 // For documentation and visual checks under a virtual display.
 void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& windows);
