@@ -84,16 +84,6 @@ TEST(ChordPage, StartUpDrawsTheOrderThenEachFigureUnderItsLock) {
     EXPECT_EQ(h.chords.SavedPatterns[2], "KC------KC------");
 }
 
-TEST(ChordPage, AnEmptyPatternFileEmptiesTheFigures) {
-    PageHarness h;
-    h.patternFile("");
-    h.numbers = {0.0, 0.9, 0.9, 0.9};  // from 1 to 0: 0.1, rounded to line 0
-    h.app->chordPage.CSHX();
-    EXPECT_EQ(h.page.Text4.text(), "");
-    EXPECT_EQ(h.page.Text5.text(), "");
-    EXPECT_EQ(h.page.Text7.text(), "");
-}
-
 TEST(ChordPage, AnOrderOfMoreThanNineDigitsIsRefusedAndNothingChanges) {
     PageHarness h;
     h.page.Text6.setText("1645");
@@ -137,15 +127,6 @@ TEST(ChordPage, FiguresArePaddedAndOnlyLayersOneAndThreeRewriteText2) {
     EXPECT_EQ(h.page.Text7.text(), "WC--------------");
     EXPECT_EQ(h.page.Text2.text(), h.page.Text4.text() + "CC-CC-----------");
     EXPECT_EQ(h.chords.SavedPatterns[3], "WC--------------");
-}
-
-TEST(ChordPage, VolumeAndInstrumentLists) {
-    PageHarness h;
-    h.app->form1.HxYL.userPick(4);
-    EXPECT_EQ(h.app->midi.ChannelVelocity[3], 85);
-    h.sent();
-    h.app->form1.Combo3.userPick(10);
-    EXPECT_EQ(h.sent(), (Lines{"181 0 0", "197 9 0"}));
 }
 
 // Every activation draws again from the 4/4 strides and remembers the figures.

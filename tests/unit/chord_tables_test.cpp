@@ -45,41 +45,6 @@ TEST(ChordTables, OnlyTheNineteenTokensHaveCodes) {
     for (const char* other : {"--", "MC", "LD", "HA", "cc", "C", "", "和弦"}) EXPECT_EQ(patternTokenCode(other), 255) << other;
 }
 
-TEST(ChordTables, DegreeMapHoldsEachDegreesTriadAndChordCodes) {
-    ChordState chords;
-    parseDegreeMap(chords);
-    const int16_t sourceSymbols[17] = {0, 4, 7, 12, 16, 19, 24, 28, 31, 36, 40, 43, 65, 72, 79, 254, 255};
-    for (long k = 1; k <= 17; ++k) EXPECT_EQ(chords.ChordDegreeMap(1, k), sourceSymbols[k - 1]);
-    // Degree 6 (A minor): A C E in the low octave, its three chord codes.
-    EXPECT_EQ(chords.ChordDegreeMap(6, 4), 21);
-    EXPECT_EQ(chords.ChordDegreeMap(6, 5), 24);
-    EXPECT_EQ(chords.ChordDegreeMap(6, 6), 28);
-    EXPECT_EQ(chords.ChordDegreeMap(6, 14), 77);
-    // Degree 7 is the plain scale triad B D F; the sentinels map to themselves.
-    EXPECT_EQ(chords.ChordDegreeMap(7, 12), 53);
-    EXPECT_EQ(chords.ChordDegreeMap(7, 15), 85);
-    EXPECT_EQ(chords.ChordDegreeMap(7, 16), 254);
-    EXPECT_EQ(chords.ChordDegreeMap(7, 17), 255);
-    for (long k = 0; k <= 17; ++k) EXPECT_EQ(chords.ChordDegreeMap(0, k), 0);
-}
-
-TEST(ChordTables, VoicingTableRowsAreTheInversionsWithRowSevenKeptIrregular) {
-    ChordState chords;
-    parseVoicingTable(chords);
-    auto notes = [&](long row, long type) {
-        return std::vector<int32_t>{chords.ChordVoicingTable(1, row, type), chords.ChordVoicingTable(2, row, type),
-                                    chords.ChordVoicingTable(3, row, type)};
-    };
-    EXPECT_EQ(notes(1, 1), (std::vector<int32_t>{7, 12, 16}));
-    EXPECT_EQ(notes(1, 2), (std::vector<int32_t>{12, 16, 19}));
-    EXPECT_EQ(notes(1, 3), (std::vector<int32_t>{16, 19, 24}));
-    EXPECT_EQ(notes(4, 1), (std::vector<int32_t>{12, 17, 21}));
-    EXPECT_EQ(notes(7, 2), notes(5, 3));
-    EXPECT_EQ(notes(7, 3), (std::vector<int32_t>{26, 31, 35}));
-    for (long type = 0; type <= 3; ++type) EXPECT_EQ(notes(0, type), (std::vector<int32_t>{0, 0, 0}));
-    EXPECT_EQ(notes(3, 0), (std::vector<int32_t>{0, 0, 0}));
-}
-
 TEST_F(PatternFileTest, ANewFileHasTheFiguresThenTwoEmptyLines) {
     PatternFile file(appDir());
     EXPECT_FALSE(file.exists());
