@@ -31,7 +31,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       scorePlayer(platform_, state, midi, form1, accompaniment, chords, rhythmFiles, dialogs),
       scorePanel(state, form1, scorePlayer, accompaniment, chords, dialogs, controls),
       chordSequencer(state, chordState, midi, form1, chords),
-      chordPage(platform_, state, chordState, midi, form1, chords),
+      chordPageHandlers(platform_, state, chordState, midi, form1, chords),
       appDir_(std::move(appDir)),
       shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
@@ -43,8 +43,8 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     scorePlayer.wire();
     scorePanel.wire();
     chordSequencer.wire();
-    chordPage.wire();
-    panels.setEntryAction(1, [this] { chordPage.enterChordTab(); });
+    chordPageHandlers.wire();
+    panels.setEntryAction(1, [this] { chordPageHandlers.enterChordTab(); });
     form1.BCSZ.onClick = [this] { settings.BCSZ_Click(); };
     form1.ComDevies.onClick = [this] { ComDevies_Click(); };
     form1.onLoad = [this] { Form_Load(); };
@@ -94,7 +94,7 @@ void Instrument::Form_Activate() {
     form1.Label1.setVisible(false);
     activated_ = true;
     form1.Timer2.setTimerEnabled(true);
-    chordPage.rebuildAtActivation();
+    chordPageHandlers.rebuildAtActivation();
     state.AutoSyncFlag = 0;
 }
 
@@ -170,6 +170,6 @@ void Instrument::openFirstRhythmFile() {
     if (text && OpenJZwj) OpenJZwj(*text);
 }
 
-void Instrument::CSHX() { chordPage.CSHX(); }
+void Instrument::CSHX() { chordPageHandlers.CSHX(); }
 
 }  // namespace tessaly

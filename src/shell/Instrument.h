@@ -86,7 +86,7 @@ public:
     ScorePlayer scorePlayer;
     ScorePanel scorePanel;
     ChordSequencer chordSequencer;
-    ChordPageHandlers chordPage;
+    ChordPageHandlers chordPageHandlers;
 
 private:
     void registerVariables();

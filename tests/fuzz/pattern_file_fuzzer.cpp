@@ -45,7 +45,7 @@ struct Program {
         if (!app->activated()) fail();
         app->form1.Xxk[1].userClick();
         // Draws spread over the whole file, the same for every input.
-        app->chordPage.draw.uniform = [this] { return static_cast<double>((draws++ * 7919) % 1000) / 1000.0; };
+        app->chordPageHandlers.draw.uniform = [this] { return static_cast<double>((draws++ * 7919) % 1000) / 1000.0; };
     }
     ~Program() {
         app.reset();
@@ -78,7 +78,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const long lines = lineCount(bytes);
     ChordPage& page = app.form1.chordPage;
     try {
-        app.chordPage.HXCSH();
+        app.chordPageHandlers.HXCSH();
         app.chords.HXYPSB();
         app.chords.HXJS();
         for (int16_t step = 0; step < app.state.StepsPerChord; ++step) {

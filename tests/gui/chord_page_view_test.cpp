@@ -28,10 +28,11 @@ TEST(ChordPageView, EveryControlOfThePageShowsWithinItsPanel) {
         EXPECT_TRUE(panel.rect().contains(w.geometry())) << control->fullName();
         EXPECT_EQ(w.toolTip().toStdString(), control->toolTip()) << control->fullName();
         // No two controls of the page cover each other.
-        for (Control* other : controls)
-            if (other != control)
-                EXPECT_FALSE(w.geometry().intersects(v.widget(*other).geometry()))
-                    << control->fullName() << " " << other->fullName();
+        for (Control* other : controls) {
+            if (other == control) continue;
+            EXPECT_FALSE(w.geometry().intersects(v.widget(*other).geometry()))
+                << control->fullName() << " " << other->fullName();
+        }
     }
     EXPECT_EQ(v.widget<QPushButton>(page.Command3).text(), "生成随机节奏");
     EXPECT_EQ(v.widget<QCheckBox>(page.Check9).text(), "锁定音符");

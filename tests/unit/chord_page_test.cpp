@@ -18,7 +18,7 @@ struct PageHarness : ChordHarness {
     int draws = 0;
 
     PageHarness() {
-        app->chordPage.draw.uniform = [this] {
+        app->chordPageHandlers.draw.uniform = [this] {
             ++draws;
             double x = numbers.empty() ? 0.0 : numbers.front();
             if (!numbers.empty()) numbers.pop_front();
@@ -35,7 +35,7 @@ TEST(ChordPage, TheDrawGivesBothEndsHalfTheWeight) {
     std::map<long, int> counts;
     for (int i = 0; i < 1200; ++i) {
         h.numbers = {(i + 0.5) / 1200};
-        ++counts[h.app->chordPage.draw.draw(13)];
+        ++counts[h.app->chordPageHandlers.draw.draw(13)];
     }
     EXPECT_EQ(counts.size(), 13u);
     EXPECT_EQ(counts[1], 50);
@@ -58,7 +58,7 @@ TEST(ChordPage, StartUpDrawsTheOrderThenEachFigureUnderItsLock) {
     PageHarness h;
     h.patternFile("LC------LC------\r\nWC------WC------\r\nKC------KC------\r\n");
     h.numbers = {0.0, 0.99, 0.0, 0.5};  // order 1; lines 3, 1, 2
-    h.app->chordPage.CSHX();
+    h.app->chordPageHandlers.CSHX();
     EXPECT_EQ(h.page.Text6.text(), "145");
     EXPECT_EQ(h.s.ChordCount, 3);
     EXPECT_EQ(h.chords.ChordDegrees[2], 4);
@@ -129,11 +129,36 @@ TEST(ChordPage, FiguresArePaddedAndOnlyLayersOneAndThreeRewriteText2) {
     EXPECT_EQ(h.chords.SavedPatterns[3], "WC--------------");
 }
 
+// The rhythm page's metre: 3/4 keeps the last 12 characters and six steps a
+// chord; 4/4 brings the whole remembered figures back.
+TEST(ChordPage, TheMetreCutsTheFiguresAndGivesThemBack) {
+    PageHarness h;
+    h.figures("LGWCWEWGKCKEKGHC", "CC--CC--CC--CC--", "CL--------------");
+    h.page.Text4.setFocus();
+    h.app->form1.SFYXYZ.setFocus();  // the figures are remembered
+    h.page.Text6.setText("1645");
+    h.page.Text6.setFocus();
+    h.app->form1.SFYXYZ.setFocus();
+
+    h.app->chordPageHandlers.metreChanged(true);
+    EXPECT_EQ(h.page.Text4.text(), "WEWGKCKEKGHC");
+    EXPECT_EQ(h.page.Text7.text(), "------------");
+    EXPECT_EQ(h.s.TotalChordSteps, 24);
+    EXPECT_EQ(h.chords.ChordStepTable(6, 1), 24);  // chord 2 from row 6: WE of A minor
+    EXPECT_EQ(h.chords.SavedPatterns[1], "LGWCWEWGKCKEKGHC");
+
+    h.app->chordPageHandlers.metreChanged(false);
+    EXPECT_EQ(h.page.Text4.text(), "LGWCWEWGKCKEKGHC");
+    EXPECT_EQ(h.page.Text5.text(), "CC--CC--CC--CC--");
+    EXPECT_EQ(h.s.StepsPerChord, 8);
+    EXPECT_EQ(h.s.TotalChordSteps, 32);
+}
+
 // Every activation draws again from the 4/4 strides and remembers the figures.
 TEST(ChordPage, EveryActivationRebuildsTheDefaults) {
     PageHarness h;
     h.patternFile("WG--KC--KG--KE--\r\n");
-    h.app->chordPage.metreChanged(true);
+    h.app->chordPageHandlers.metreChanged(true);
     ASSERT_EQ(h.s.StepsPerChord, 6);
     h.numbers = {0.5};
     h.app->form1.activate();

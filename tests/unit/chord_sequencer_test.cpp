@@ -47,7 +47,7 @@ TEST(ChordSequencer, KeyboardPlayCarriesTheOrderRoundAndRound) {
 TEST(ChordSequencer, TheAuditionDecaysOverEachBarOnTheFirstTwoLayersOnly) {
     ChordHarness h;
     for (long layer = 1; layer <= 3; ++layer) h.chords.SavedPatterns[layer] = "LGWCWEWGKCKEKGHC";
-    h.app->chordPage.metreChanged(true);
+    h.app->chordPageHandlers.metreChanged(true);
     EXPECT_EQ(h.page.Text4.text(), "WEWGKCKEKGHC");
     h.s.RhythmLastStep = 11;  // the rhythm page's half of 3/4
     EXPECT_EQ(h.s.StepsPerChord, 6);
