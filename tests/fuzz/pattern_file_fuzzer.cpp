@@ -45,7 +45,10 @@ struct Program {
         if (!app->activated()) fail();
         app->form1.Xxk[1].userClick();
         // Draws spread over the whole file, the same for every input.
-        app->chordPageHandlers.draw.uniform = [this] { return static_cast<double>((draws++ * 7919) % 1000) / 1000.0; };
+        app->chordPageHandlers.draw.uniform = [this] {
+            draws = (draws + 7919) % 1000;
+            return draws / 1000.0;
+        };
     }
     ~Program() {
         app.reset();
