@@ -6,6 +6,7 @@
 #include "midi/MidiOut.h"
 #include "rhythm/Accompaniment.h"
 #include "runtime/Arithmetic.h"
+#include "runtime/FatalFailure.h"
 #include "runtime/Text.h"
 #include "state/SharedState.h"
 
@@ -35,6 +36,7 @@ void ChordSequencer::HXYS_Timer() {
         if (form_.Combo3.listIndex() > 0 && state_.ChordIndex == state_.ChordCount) layers_.ZHHXJ();
 
         state_.ChordStep = toInt16(state_.ChordStep + 1);
+        if (state_.StepsPerChord == 0) throw FatalFailure(FailureKind::Overflow, "除数为零");
         if (state_.ChordStep % state_.StepsPerChord == 0) state_.ChordIndex = toInt16(state_.ChordIndex + 1);
         // One pass of the order, then the audition stops by itself.
         if (state_.ChordStep == state_.TotalChordSteps) {
