@@ -70,9 +70,9 @@ void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& w
             QTimer::singleShot(kRhythmRunMs, &main, [&main, path] { save(main.grab(), path); });
         });
     } else {
-        const bool shortcuts = of == QLatin1String("shortcuts");
-        whenMainWindowIsUp(instrument, main, [&instrument, &main, path, shortcuts] {
-            if (shortcuts) instrument.form1.Xxk[5].userClick();
+        const int tab = of == QLatin1String("shortcuts") ? 5 : of == QLatin1String("chords") ? 1 : -1;
+        whenMainWindowIsUp(instrument, main, [&instrument, &main, path, tab] {
+            if (tab >= 0) instrument.form1.Xxk[tab].userClick();
             QTimer::singleShot(kSettleMs, &main, [&main, path] { save(main.grab(), path); });
         });
     }

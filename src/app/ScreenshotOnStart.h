@@ -17,7 +17,7 @@ struct ScreenshotWindows {
 // window is saved there once it is up, and the program quits. Which window
 // TESSALY_SCREENSHOT_OF says: "splash", "main" (the default), "shortcuts"
 // (the main window on its settings tab), "rhythm" (the rhythm tab with the
-// rhythm running) or "farewell". The shaped windows are
+// rhythm running), "chords" (on its chord tab) or "farewell". The shaped windows are
 // taken from the screen around them, so that their shape shows.
 // For documentation and visual checks under a virtual display.
 void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& windows);

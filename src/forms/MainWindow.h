@@ -1,4 +1,5 @@
 #pragma once
+#include "forms/ChordPage.h"
 #include "forms/FileListBox.h"
 #include "forms/Form.h"
 #include "forms/RhythmPage.h"
@@ -69,6 +70,8 @@ public:
 
     // The rhythm page's own controls
     RhythmPage rhythmPage;
+    // The chord page's own controls
+    ChordPage chordPage;
 
 private:
     void addShortcutPage();

@@ -4,6 +4,9 @@
 #include <string>
 
 #include "chords/ChordLayers.h"
+#include "chords/ChordPageHandlers.h"
+#include "chords/ChordSequencer.h"
+#include "chords/ChordState.h"
 #include "forms/ControlSystem.h"
 #include "forms/FarewellWindow.h"
 #include "forms/MainWindow.h"
@@ -64,6 +67,7 @@ public:
     Platform& platform;
     ControlSystem controls;
     SharedState state;
+    ChordState chordState;
     MidiOut midi;
     MainWindow form1;
     ChordLayers chords;
@@ -84,6 +88,8 @@ public:
     ScorePanel scorePanel;
     RhythmSequencer rhythmSequencer;
     PatternEditing patternEditing;
+    ChordSequencer chordSequencer;
+    ChordPageHandlers chordPageHandlers;
 
 private:
     void registerVariables();

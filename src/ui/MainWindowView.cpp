@@ -12,6 +12,7 @@
 
 #include "forms/MainWindow.h"
 #include "notation/NoteVocabulary.h"
+#include "ui/ChordPageView.h"
 #include "ui/InstrumentStyle.h"
 #include "ui/KeyCapButton.h"
 #include "ui/MainWindowLayout.h"
@@ -32,6 +33,7 @@ MainWindowView::MainWindowView(MainWindow& model) : model_(model), binder_(model
         auto& view = make<PictureView>(*panel, *this, "panel");
         if (index == 0) buildMelodyPanel(view);
         if (index == 2) new RhythmPageView(view, model_, binder_);
+        if (index == 1) buildChordPage(view, model_, binder_);
         if (index == 5) buildShortcutPanel(view);
     }
 

@@ -6,6 +6,9 @@
 #include <atomic>
 #include <cmath>
 #include <numbers>
+#include <sstream>
+
+#include "app/script/ScriptDriver.h"
 
 namespace tessaly::audio::testing {
 
@@ -19,6 +22,35 @@ TempFolder::TempFolder() {
 TempFolder::~TempFolder() {
     std::error_code ec;
     std::filesystem::remove_all(path_, ec);
+}
+
+std::vector<float> readWav(const std::string& path, int& rate) {
+    SF_INFO info{};
+    SNDFILE* file = sf_open(path.c_str(), SFM_READ, &info);
+    EXPECT_NE(file, nullptr) << path;
+    if (!file) return {};
+    std::vector<float> frames(static_cast<std::size_t>(info.frames * info.channels));
+    sf_readf_float(file, frames.data(), info.frames);
+    sf_close(file);
+    rate = info.samplerate;
+    EXPECT_EQ(info.channels, 2);
+    return frames;
+}
+
+std::vector<float> renderScript(const std::string& script, int& rate) {
+    TempFolder folder;
+    ScriptOptions options;
+    options.synth = true;
+    options.soundFont = kTestSoundFont;
+    options.wavPath = folder.file("take.wav");
+    options.appDir = folder.file("app");
+    std::ostringstream out;
+    {
+        ScriptDriver driver(options, out);
+        std::istringstream in(script);
+        EXPECT_EQ(driver.run(in), 0) << out.str();
+    }
+    return readWav(options.wavPath, rate);
 }
 
 void writeSineWav(const std::string& path, double hz, int sampleRate, int channels, double seconds, double amplitude) {

@@ -56,6 +56,13 @@ private:
     std::filesystem::path path_;
 };
 
+// A 16-bit stereo WAV as interleaved frames; rate gets its sample rate.
+std::vector<float> readWav(const std::string& path, int& rate);
+
+// Runs a driver script with the real synthesizer (the small SoundFont) in a
+// fresh data folder and returns everything rendered, from virtual time 0.
+std::vector<float> renderScript(const std::string& script, int& rate);
+
 // A sine tone WAV of the given rate and channel count, 16-bit.
 void writeSineWav(const std::string& path, double hz, int sampleRate, int channels, double seconds, double amplitude);
 

@@ -1,51 +1,18 @@
 // What a key press sounds like through the whole program: the script driver
 // renders the built-in synthesizer offline into a WAV, which is measured here.
 #include <gtest/gtest.h>
-#include <sndfile.h>
 
 #include <algorithm>
 #include <cstdlib>
-#include <sstream>
 
 #include "AudioTestSupport.h"
 #include "SignalAnalysis.h"
-#include "app/script/ScriptDriver.h"
 
 using namespace tessaly;
 using namespace tessaly::audio;
 using namespace tessaly::audio::testing;
 
 namespace {
-
-std::vector<float> readWav(const std::string& path, int& rate) {
-    SF_INFO info{};
-    SNDFILE* file = sf_open(path.c_str(), SFM_READ, &info);
-    EXPECT_NE(file, nullptr) << path;
-    if (!file) return {};
-    std::vector<float> frames(static_cast<std::size_t>(info.frames * info.channels));
-    sf_readf_float(file, frames.data(), info.frames);
-    sf_close(file);
-    rate = info.samplerate;
-    EXPECT_EQ(info.channels, 2);
-    return frames;
-}
-
-// Runs a script with the real synthesizer and returns the rendered sound.
-std::vector<float> play(const std::string& script, int& rate) {
-    TempFolder folder;
-    ScriptOptions options;
-    options.synth = true;
-    options.soundFont = kTestSoundFont;
-    options.wavPath = folder.file("take.wav");
-    options.appDir = folder.file("app");
-    std::ostringstream out;
-    {
-        ScriptDriver driver(options, out);
-        std::istringstream in(script);
-        EXPECT_EQ(driver.run(in), 0) << out.str();
-    }
-    return readWav(options.wavPath, rate);
-}
 
 // A piano alone on the first channel, so that one pitch sounds.
 const std::string kPianoAlone =
@@ -70,13 +37,13 @@ std::size_t frameAt(int ms, int rate) {
 
 TEST(PlayedSound, KeyGSoundsMiddleCAndFollowsTheTonality) {
     int rate = 0;
-    auto inC = play(kPianoAlone + "key down 71\nadvance 800\n", rate);
+    auto inC = renderScript(kPianoAlone + "key down 71\nadvance 800\n", rate);
     ASSERT_GT(rate, 0);
     double hz = estimatePitchHz(channelOf(inC, 0, frameAt(300, rate), frameAt(900, rate)), rate);
     EXPECT_NEAR(hz, 261.63, 261.63 * 0.01);
 
     // S selects tonality D: the same key sounds two semitones higher
-    auto inD = play(kPianoAlone + "key down 83\nkey up 83\nkey down 71\nadvance 800\n", rate);
+    auto inD = renderScript(kPianoAlone + "key down 83\nkey up 83\nkey down 71\nadvance 800\n", rate);
     hz = estimatePitchHz(channelOf(inD, 0, frameAt(300, rate), frameAt(900, rate)), rate);
     EXPECT_NEAR(hz, 293.66, 293.66 * 0.01);
 }
@@ -84,7 +51,7 @@ TEST(PlayedSound, KeyGSoundsMiddleCAndFollowsTheTonality) {
 TEST(PlayedSound, KeypadHitSoundsOnThePercussionChannel) {
     int rate = 0;
     // keypad 3 strikes the snare (38) at velocity 100 on channel 9
-    auto hit = play(kPianoAlone + "set StepTable(3,5).ShortMsg 6563481\nkey down 99\nadvance 500\n", rate);
+    auto hit = renderScript(kPianoAlone + "set StepTable(3,5).ShortMsg 6563481\nkey down 99\nadvance 500\n", rate);
     EXPECT_LT(peak(channelOf(hit, 0, 0, frameAt(190, rate))), kWavSilence);
     EXPECT_GT(peak(channelOf(hit, 0, frameAt(200, rate), frameAt(400, rate))), 0.01f);
 }
@@ -93,7 +60,7 @@ TEST(PlayedSound, SpaceLetsEverythingDecayToSilence) {
     int rate = 0;
     // the three default instruments, the double on channel 2 included
     // the strings release slowly through the reverb: silent within seven seconds
-    auto take = play("start\nadvance 100\nkey down 71\nadvance 500\nkey down 32\nadvance 8000\n", rate);
+    auto take = renderScript("start\nadvance 100\nkey down 71\nadvance 500\nkey down 32\nadvance 8000\n", rate);
     EXPECT_GT(rms(channelOf(take, 0, frameAt(200, rate), frameAt(600, rate))), 0.005);
     EXPECT_LT(peak(channelOf(take, 0, frameAt(7600, rate))), kWavSilence);
     EXPECT_LT(peak(channelOf(take, 1, frameAt(7600, rate))), kWavSilence);
@@ -159,7 +126,7 @@ std::vector<int> onsetsMs(const std::vector<float>& mono, int rate) {
 // (16 ticks) last 1712 ms.
 TEST(PlayedSound, DemonstrationScoreOnsetsFallWhereTheScoreSays) {
     int rate = 0;
-    auto song = play(kPianoAlone + "dialog 演奏记录/小星星.txt\nclick Form1.Yuepu(2)\nadvance 13000\n", rate);
+    auto song = renderScript(kPianoAlone + "dialog 演奏记录/小星星.txt\nclick Form1.Yuepu(2)\nadvance 13000\n", rate);
     auto onsets = onsetsMs(channelOf(song, 0, frameAt(200, rate), frameAt(13200, rate)), rate);
     // KC8 KC KG KG KA KA KG16 KF8 KF KE KE KD KD KC16
     std::vector<int> ticks{8, 8, 8, 8, 8, 8, 16, 8, 8, 8, 8, 8, 8};
