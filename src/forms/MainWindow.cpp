@@ -43,7 +43,8 @@ MainWindow::MainWindow(ControlSystem& system, EventLoop& loop)
       BZDS(addTimer("BZDS")),
       File2(add<FileListBox>("File2")),
       BCSZ(add<Button>("BCSZ")),
-      Command1(add<Button>("Command1")) {
+      Command1(add<Button>("Command1")),
+      recorderPanel(*this) {
     setCaption("Tessaly201705");
 
     SFYXYZ.setCaption("键盘");

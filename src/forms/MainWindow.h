@@ -1,6 +1,7 @@
 #pragma once
 #include "forms/FileListBox.h"
 #include "forms/Form.h"
+#include "forms/MainRecorderPanel.h"
 #include "forms/TabButton.h"
 
 namespace tessaly {
@@ -65,6 +66,9 @@ public:
 
     // Exit
     Button& Command1;
+
+    // The recorder: Image1(0..2), BcLY, Label12
+    MainRecorderPanel recorderPanel;
 
 private:
     void addShortcutPage();

@@ -29,6 +29,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       rhythmFiles(platform_, state, form1),
       scorePlayer(platform_, state, midi, form1, accompaniment, chords, rhythmFiles, dialogs),
       scorePanel(state, form1, scorePlayer, accompaniment, chords, dialogs, controls),
+      recorder(platform_, state, recorderState.main, form1, dialogs),
       appDir_(std::move(appDir)),
       shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
@@ -39,6 +40,9 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     panels.setEntryAction(5, [this] { shortcuts.enterShortcutTab(); });
     scorePlayer.wire();
     scorePanel.wire();
+    recorder.wire();
+    // So far the recorder is all that Timer2 serves.
+    form1.Timer2.onTimer = [this] { recorder.Timer2_Timer(); };
     form1.BCSZ.onClick = [this] { settings.BCSZ_Click(); };
     form1.ComDevies.onClick = [this] { ComDevies_Click(); };
     form1.onLoad = [this] { Form_Load(); };
@@ -48,7 +52,10 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
 
 Instrument::~Instrument() = default;
 
-void Instrument::registerVariables() { registerSharedState(controls, state, midi); }
+void Instrument::registerVariables() {
+    registerSharedState(controls, state, midi);
+    registerRecorderState(controls, recorderState);
+}
 
 void Instrument::start() { startUp.begin(); }
 

@@ -14,6 +14,8 @@
 #include "performance/ShortcutPage.h"
 #include "platform/Platform.h"
 #include "platform/testing/ScriptedDialogs.h"
+#include "recorder/MainRecorder.h"
+#include "recorder/RecorderState.h"
 #include "rhythm/Accompaniment.h"
 #include "shell/SettingsFile.h"
 #include "shell/StartUp.h"
@@ -81,6 +83,8 @@ public:
     RhythmFiles rhythmFiles;
     ScorePlayer scorePlayer;
     ScorePanel scorePanel;
+    RecorderState recorderState;
+    MainRecorder recorder;
 
 private:
     void registerVariables();

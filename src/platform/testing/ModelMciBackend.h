@@ -6,8 +6,8 @@
 namespace tessaly {
 
 // A recorder without sound, for tests and the script driver: a file opens
-// when it exists, plays until told that it ended, and a take is saved when
-// the folder of its path exists (nothing is written).
+// when it exists and is not empty, plays until told that it ended, and a
+// take is saved as a WAV file with no frames, in the format asked.
 class ModelMciBackend : public MciBackend {
 public:
     bool openFile(const std::string& path, bool waveOnly) override;
