@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -76,8 +77,23 @@ public:
     }
 
 private:
+    // Samples are rounded to the nearest step here, clipped at full scale:
+    // the library's own clipping conversion rounds down, which puts the
+    // faintest negative sound (and so most of a silence) a step below zero.
     bool write(const float* frames, std::size_t count) {
-        return sf_writef_float(out_, frames, static_cast<sf_count_t>(count)) == static_cast<sf_count_t>(count);
+        const std::size_t samples = count * static_cast<std::size_t>(format_.channels);
+        if (format_.bits == 8) {
+            bytes_.resize(samples);
+            for (std::size_t i = 0; i < samples; ++i)
+                bytes_[i] = static_cast<unsigned char>(std::clamp(std::lround(frames[i] * 128.0f) + 128, 0L, 255L));
+            // Unsigned bytes are the file's own form of 8-bit samples.
+            return sf_write_raw(out_, bytes_.data(), static_cast<sf_count_t>(samples)) ==
+                   static_cast<sf_count_t>(samples);
+        }
+        shorts_.resize(samples);
+        for (std::size_t i = 0; i < samples; ++i)
+            shorts_[i] = static_cast<short>(std::clamp(std::lround(frames[i] * 32768.0f), -32768L, 32767L));
+        return sf_writef_short(out_, shorts_.data(), static_cast<sf_count_t>(count)) == static_cast<sf_count_t>(count);
     }
 
     SNDFILE* out_;
@@ -85,6 +101,8 @@ private:
     std::unique_ptr<SRC_STATE, SrcDeleter> resampler_;
     std::vector<float> piece_;
     std::vector<float> converted_;
+    std::vector<unsigned char> bytes_;
+    std::vector<short> shorts_;
 };
 
 bool writeWave(std::FILE* take, uint64_t frames, int fd, const MciWaveFormat& format) {
@@ -94,8 +112,6 @@ bool writeWave(std::FILE* take, uint64_t frames, int fd, const MciWaveFormat& fo
     info.format = SF_FORMAT_WAV | (format.bits == 8 ? SF_FORMAT_PCM_U8 : SF_FORMAT_PCM_16);
     std::unique_ptr<SNDFILE, SndCloser> out(sf_open_fd(fd, SFM_WRITE, &info, SF_FALSE));
     if (!out) return false;
-    // Without this a sample past full scale wraps round instead of clipping.
-    sf_command(out.get(), SFC_SET_CLIPPING, nullptr, SF_TRUE);
     Exporter exporter(out.get(), format);
     if (!exporter.start()) return false;
     std::vector<float> piece(kPieceFrames * kChannels);
