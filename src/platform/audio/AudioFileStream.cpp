@@ -126,7 +126,10 @@ std::size_t AudioFileStream::resample(float* out, std::size_t maxFrames) {
         return 0;
     }
     inputUsed_ += static_cast<std::size_t>(data.input_frames_used);
-    return static_cast<std::size_t>(data.output_frames_gen);
+    const auto made = static_cast<std::size_t>(data.output_frames_gen);
+    // Conversion rings a little past a sharp edge at full scale.
+    for (std::size_t i = 0; i < made * kChannels; ++i) out[i] = tame(out[i]);
+    return made;
 }
 
 }  // namespace tessaly::audio
