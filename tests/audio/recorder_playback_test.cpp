@@ -101,8 +101,9 @@ TEST(RecorderPlayback, EveryFormatIsHeardAtItsPitchAndLevelAndEndsStopped) {
             EXPECT_NEAR(rms(middle), 0.5 / std::numbers::sqrt2, 0.5 / std::numbers::sqrt2 * c.levelTolerance);
         }
         // Lossless files come through the rate converter as a clean sine.
-        if (!isMp3 && (c.format & SF_FORMAT_SUBMASK) != SF_FORMAT_PCM_U8)
+        if (!isMp3 && (c.format & SF_FORMAT_SUBMASK) != SF_FORMAT_PCM_U8) {
             EXPECT_EQ(sineBreaks(channelOf(out, 0, frameAt(100), frameAt(900)), 440.0, kSampleRate, 2e-4).size(), 0u);
+        }
         EXPECT_NEAR(lastSoundMs(out), 1000.0, 5.0);
         EXPECT_EQ(rig.modes[4], "playing");
         // The end is told by the first status after it (at 1000 ms when the last

@@ -27,7 +27,10 @@ float tame(float sample) {
 
 }  // namespace
 
-AudioFileStream::~AudioFileStream() { close(); }
+AudioFileStream::~AudioFileStream() {
+    close();
+    if (resampler_) src_delete(resampler_);
+}
 
 bool AudioFileStream::open(const std::string& path, Accept accept) {
     close();
@@ -40,13 +43,16 @@ bool AudioFileStream::open(const std::string& path, Accept accept) {
         sf_close(file);
         return false;
     }
-    if (info.samplerate != kSampleRate) {
+    resampling_ = info.samplerate != kSampleRate;
+    if (resampling_) {
+        // One converter serves every file this stream opens: it is large to set up.
         int error = 0;
-        resampler_ = src_new(SRC_SINC_MEDIUM_QUALITY, kChannels, &error);
+        if (!resampler_) resampler_ = src_new(SRC_SINC_MEDIUM_QUALITY, kChannels, &error);
         if (!resampler_) {
             sf_close(file);
             return false;
         }
+        src_reset(resampler_);
     }
     file_ = file;
     path_ = path;
@@ -60,9 +66,8 @@ bool AudioFileStream::open(const std::string& path, Accept accept) {
 
 void AudioFileStream::close() {
     if (file_) sf_close(file_);
-    if (resampler_) src_delete(resampler_);
     file_ = nullptr;
-    resampler_ = nullptr;
+    resampling_ = false;
     inputFrames_ = inputUsed_ = 0;
     fileEnded_ = ended_ = false;
 }
@@ -95,7 +100,7 @@ std::size_t AudioFileStream::read(float* out, std::size_t maxFrames) {
     while (done < maxFrames && !ended_) {
         if (inputUsed_ == inputFrames_ && !fileEnded_ && !fillInput()) fileEnded_ = true;
         const std::size_t usedBefore = inputUsed_;
-        const std::size_t made = resampler_ ? resample(out + done * kChannels, maxFrames - done)
+        const std::size_t made = resampling_ ? resample(out + done * kChannels, maxFrames - done)
                                             : copyThrough(out + done * kChannels, maxFrames - done);
         done += made;
         // Nothing made and nothing taken: the file has nothing more to give.

@@ -54,6 +54,7 @@ private:
     Accept accept_ = Accept::AnyAudio;
     sf_private_tag* file_ = nullptr;
     SRC_STATE_tag* resampler_ = nullptr;
+    bool resampling_ = false;
     int rate_ = 0;
     int channels_ = 0;
     std::vector<float> raw_;    // a piece as the file has it
