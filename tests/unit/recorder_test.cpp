@@ -84,3 +84,22 @@ TEST(EditorRecorder, ASaveThatCannotBeWrittenLeavesTheTimeRunning) {
     EXPECT_FALSE(e.panel.Lyjsj.timerEnabled());
     EXPECT_TRUE(std::filesystem::exists(e.h.appDir / "take.wav"));
 }
+
+TEST(Recorders, DialogsAskWithTheirFiltersInTheScoresFolder) {
+    EditorStandIn e;
+    Instrument& app = *e.h.app;
+    const std::string folder = app.state.AppDir + "演奏记录";
+    auto asked = [](const ScriptedDialogs& dialogs) {
+        const auto& request = dialogs.lastRequest();
+        return request ? request->kind + " " + request->filter + " " + request->startFolder : std::string("none");
+    };
+    app.form1.recorderPanel.Image1[0].userClick();
+    EXPECT_EQ(asked(app.unansweredDialogs), "open 音频文件(wav;mp3)|*.wav;*.mp3 " + folder);
+    app.form1.recorderPanel.Image1[2].userClick();
+    app.form1.recorderPanel.BcLY.userClick();
+    EXPECT_EQ(asked(app.unansweredDialogs), "save 演奏录音(wav)|*.wav " + folder);
+    e.panel.LUYINJI[0].userClick();
+    EXPECT_EQ(asked(e.dialogs), "open 演奏录音(wav)|*.wav|音乐(mp3)|*.mp3 " + folder);
+    e.panel.LUYINJI[3].userClick();
+    EXPECT_EQ(asked(e.dialogs), "save 演奏录音(wav)|*.wav " + folder);
+}
