@@ -25,11 +25,11 @@ int main(int argc, char** argv) {
 
     const std::string appDir = tessaly::appFolderFromEnvironment();
     tessaly::QtEventLoop loop;
-    tessaly::SoundSystem sound(appDir);
+    tessaly::SoundSystem sound(appDir, loop);
     tessaly::QtMessageBoxes boxes;
     tessaly::FlockInstanceLock instanceLock;
     tessaly::QtDialogs dialogs;
-    tessaly::Platform platform{loop, sound.midi, sound.wave, boxes, instanceLock};
+    tessaly::Platform platform{loop, sound.midi, sound.wave, boxes, instanceLock, sound.recorder};
     platform.dialogs = &dialogs;
 
     tessaly::Instrument instrument(platform, appDir, TESSALY_BUILD_DATA_DIR);

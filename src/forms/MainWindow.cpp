@@ -45,7 +45,8 @@ MainWindow::MainWindow(ControlSystem& system, EventLoop& loop)
       BCSZ(add<Button>("BCSZ")),
       Command1(add<Button>("Command1")),
       rhythmPage(*this),
-      chordPage(*this) {
+      chordPage(*this),
+      recorderPanel(*this) {
     setCaption("Tessaly201705");
 
     SFYXYZ.setCaption("键盘");

@@ -3,6 +3,7 @@
 #include "forms/FileListBox.h"
 #include "forms/Form.h"
 #include "forms/RhythmPage.h"
+#include "forms/MainRecorderPanel.h"
 #include "forms/TabButton.h"
 
 namespace tessaly {
@@ -72,6 +73,8 @@ public:
     RhythmPage rhythmPage;
     // The chord page's own controls
     ChordPage chordPage;
+    // The recorder: Image1(0..2), BcLY, Label12
+    MainRecorderPanel recorderPanel;
 
 private:
     void addShortcutPage();

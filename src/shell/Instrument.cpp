@@ -33,6 +33,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       patternEditing(state, midi, form1),
       chordSequencer(state, chordState, midi, form1, chords),
       chordPageHandlers(platform_, state, chordState, midi, form1, chords),
+      recorder(platform_, state, recorderState.main, form1, dialogs),
       appDir_(std::move(appDir)),
       shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
@@ -51,6 +52,9 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     // A change of metre re-forms the chord figures too.
     patternEditing.onMetreChanged = [this](int metre) { chordPageHandlers.metreChanged(metre == 1); };
     panels.setEntryAction(1, [this] { chordPageHandlers.enterChordTab(); });
+    recorder.wire();
+    // So far the recorder is all that Timer2 serves.
+    form1.Timer2.onTimer = [this] { recorder.Timer2_Timer(); };
     form1.BCSZ.onClick = [this] { settings.BCSZ_Click(); };
     form1.ComDevies.onClick = [this] { ComDevies_Click(); };
     form1.onLoad = [this] { Form_Load(); };
@@ -63,6 +67,7 @@ Instrument::~Instrument() = default;
 void Instrument::registerVariables() {
     registerSharedState(controls, state, midi);
     registerChordState(controls, chordState, chords, midi);
+    registerRecorderState(controls, recorderState);
 }
 
 void Instrument::start() { startUp.begin(); }

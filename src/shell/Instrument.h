@@ -17,6 +17,8 @@
 #include "performance/ShortcutPage.h"
 #include "platform/Platform.h"
 #include "platform/testing/ScriptedDialogs.h"
+#include "recorder/MainRecorder.h"
+#include "recorder/RecorderState.h"
 #include "rhythm/Accompaniment.h"
 #include "rhythm/PatternEditing.h"
 #include "rhythm/RhythmSequencer.h"
@@ -90,6 +92,8 @@ public:
     PatternEditing patternEditing;
     ChordSequencer chordSequencer;
     ChordPageHandlers chordPageHandlers;
+    RecorderState recorderState;
+    MainRecorder recorder;
 
 private:
     void registerVariables();

@@ -19,6 +19,7 @@
 #include "ui/PictureView.h"
 #include "ui/RhythmPageView.h"
 #include "ui/Pictures.h"
+#include "ui/RecorderView.h"
 
 namespace tessaly {
 
@@ -54,6 +55,7 @@ MainWindowView::MainWindowView(MainWindow& model) : model_(model), binder_(model
     make<QLabel>(model_.Label1, *this, "muteStrip").setAlignment(Qt::AlignCenter);
     buildKeyboard();
     make<QPushButton>(model_.Command1, *this, "exitButton").setAutoDefault(false);
+    buildMainRecorderView(model_.recorderPanel, *this, binder_);
 
     binder_.bind(model_, *this);
 }

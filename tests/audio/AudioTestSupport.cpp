@@ -54,10 +54,31 @@ std::vector<float> renderScript(const std::string& script, int& rate) {
 }
 
 void writeSineWav(const std::string& path, double hz, int sampleRate, int channels, double seconds, double amplitude) {
+    writeSineFile(path, SF_FORMAT_WAV | SF_FORMAT_PCM_16, hz, sampleRate, channels, seconds, amplitude);
+}
+
+SoundFile readSound(const std::string& path) {
+    SoundFile sound;
+    SF_INFO info{};
+    SNDFILE* file = sf_open(path.c_str(), SFM_READ, &info);
+    EXPECT_NE(file, nullptr) << path << ": " << sf_strerror(nullptr);
+    if (!file) return sound;
+    sound.rate = info.samplerate;
+    sound.channels = info.channels;
+    sound.format = info.format;
+    sound.samples.resize(static_cast<std::size_t>(info.frames * info.channels));
+    const sf_count_t got = sf_readf_float(file, sound.samples.data(), info.frames);
+    sound.samples.resize(static_cast<std::size_t>(got * info.channels));
+    sf_close(file);
+    return sound;
+}
+
+void writeSineFile(const std::string& path, int format, double hz, int sampleRate, int channels, double seconds,
+                   double amplitude) {
     SF_INFO info{};
     info.samplerate = sampleRate;
     info.channels = channels;
-    info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
+    info.format = format;
     SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
     ASSERT_NE(file, nullptr) << sf_strerror(nullptr);
     const auto frames = static_cast<std::size_t>(seconds * sampleRate);
