@@ -20,6 +20,11 @@ void Form::removeControl(Control& control) {
     std::erase_if(controls_, [&](const auto& c) { return c.get() == &control; });
 }
 
+void Form::removeAllControls() {
+    for (auto& control : controls_) system_.unregisterControl(*control);
+    controls_.clear();
+}
+
 std::vector<OptionButton*> Form::optionGroup(const std::string& group) const {
     std::vector<OptionButton*> out;
     for (const auto& c : controls_)
