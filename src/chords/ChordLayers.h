@@ -1,4 +1,5 @@
 #pragma once
+#include <cstdint>
 
 namespace tessaly {
 
@@ -18,6 +19,11 @@ public:
     void BZHX() {}
     void BZHX2() {}
     void ZHHXJ() {}
+
+    // A chord code sounded as three notes on a channel; silent until the chord tables are built.
+    int16_t StrumCode = 0;
+    int16_t StrumChannel = 0;
+    void StrumChord() {}
 
 private:
     SharedState& state_;

@@ -29,6 +29,8 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       rhythmFiles(platform_, state, form1),
       scorePlayer(platform_, state, midi, form1, accompaniment, chords, rhythmFiles, dialogs),
       scorePanel(state, form1, scorePlayer, accompaniment, chords, dialogs, controls),
+      YYBJ(controls, platform_.loop),
+      editor(platform_, state, midi, chords, accompaniment, form1, YYBJ, dialogs, controls),
       appDir_(std::move(appDir)),
       shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
@@ -43,12 +45,16 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     form1.ComDevies.onClick = [this] { ComDevies_Click(); };
     form1.onLoad = [this] { Form_Load(); };
     form1.onActivate = [this] { Form_Activate(); };
+    fatalEndSaves.add([this] { return editor.saveForRecovery(); });
     registerVariables();
 }
 
 Instrument::~Instrument() = default;
 
-void Instrument::registerVariables() { registerSharedState(controls, state, midi); }
+void Instrument::registerVariables() {
+    registerSharedState(controls, state, midi);
+    editor.registerVariables(controls);
+}
 
 void Instrument::start() { startUp.begin(); }
 

@@ -4,7 +4,9 @@
 #include <string>
 
 #include "chords/ChordLayers.h"
+#include "editor/Editor.h"
 #include "forms/ControlSystem.h"
+#include "forms/EditorWindow.h"
 #include "forms/FarewellWindow.h"
 #include "forms/MainWindow.h"
 #include "forms/SplashWindow.h"
@@ -15,6 +17,7 @@
 #include "platform/Platform.h"
 #include "platform/testing/ScriptedDialogs.h"
 #include "rhythm/Accompaniment.h"
+#include "shell/FatalEndSaves.h"
 #include "shell/SettingsFile.h"
 #include "shell/StartUp.h"
 #include "shell/MainPanels.h"
@@ -81,6 +84,11 @@ public:
     RhythmFiles rhythmFiles;
     ScorePlayer scorePlayer;
     ScorePanel scorePanel;
+    // The music editor's window and its logic.
+    EditorWindow YYBJ;
+    Editor editor;
+    // What is written before the program ends by a run-time failure.
+    FatalEndSaves fatalEndSaves;
 
 private:
     void registerVariables();
