@@ -12,6 +12,7 @@
 #include "forms/Controls.h"
 #include "runtime/FatalFailure.h"
 #include "score/ScoreFiles.h"
+#include "shell/FatalEndSaves.h"
 #include "shell/Instrument.h"
 
 namespace tessaly {
@@ -132,7 +133,10 @@ int ScriptDriver::run(std::istream& script) {
                 return 0;
             }
         } catch (const FatalFailure& failure) {
-            out_ << "fatal " << failure.what() << "\n";
+            // The user's work is saved first, and the message says where,
+            // relative to the data folder so that a run prints the same.
+            std::string kept = savedWorkText(instrument_->fatalEndSaves.runAll(), instrument_->appDir());
+            out_ << "fatal " << failure.what() << (kept.empty() ? "" : "。" + escapeValue(kept)) << "\n";
             return 3;
         } catch (const ScriptError& error) {
             out_ << "error: " << error.what() << " in: " << line << "\n";
