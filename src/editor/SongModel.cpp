@@ -17,7 +17,23 @@ int32_t EditorState::lastSlotOfSong() const {
     return toInt32(static_cast<long long>(slotsPerBar()) * BarCount + SlotsPerBarMinusOne);
 }
 
-int16_t SYYPSB(std::string_view token) { return static_cast<int16_t>(noteCode(token)); }
+// The same codes as the note vocabulary's, found by position rather than by a
+// search of the token list: the preparing pass converts every slot of a song.
+int16_t SYYPSB(std::string_view token) {
+    if (token.size() != 2) return kStopCode;
+    static constexpr std::string_view kRegisters = "LWKHM", kSteps = "CDEFGAB";
+    static constexpr int kSemitones[7] = {0, 2, 4, 5, 7, 9, 11};
+    const std::size_t step = kSteps.find(token[1]);
+    const std::size_t octave = kRegisters.find(token[0]);
+    // The highest register ends at G.
+    if (octave != std::string_view::npos && step != std::string_view::npos && (octave < 4 || step < 5))
+        return static_cast<int16_t>(12 * octave + static_cast<std::size_t>(kSemitones[step]));
+    const std::size_t chordStep = kSteps.find(token[0]);
+    const std::size_t chordRegister = std::string_view("LCM").find(token[1]);
+    if (chordStep != std::string_view::npos && chordRegister != std::string_view::npos)
+        return static_cast<int16_t>(65 + chordRegister * 7 + chordStep);
+    return token == "XZ" ? kRestCode : kStopCode;
+}
 
 void QKYP(EditorState& song) {
     if (song.BarCount < 1) {

@@ -3,6 +3,7 @@
 
 #include "EditorHarness.h"
 #include "editor/SongModel.h"
+#include "notation/NoteVocabulary.h"
 
 using namespace tessaly;
 using tessaly::testing::EditorHarness;
@@ -16,7 +17,14 @@ TEST(SongModel, TokensGiveTheirCodesAndEverythingElseIsNothing) {
     EXPECT_EQ(SYYPSB("CC"), 72);
     EXPECT_EQ(SYYPSB("BM"), 85);
     EXPECT_EQ(SYYPSB("XZ"), 254);
-    for (const char* other : {"TZ", "--", "", "MA", "MB", "kc", "K-", "O"}) EXPECT_EQ(SYYPSB(other), 255) << other;
+    for (const char* other : {"TZ", "--", "", "MA", "MB", "kc", "K-", "O", "KCK"}) EXPECT_EQ(SYYPSB(other), 255) << other;
+    // Every two characters of interest give the vocabulary's own code.
+    const std::string letters = "LWKHMCDEFGABXZT-O1 ";
+    for (char a : letters)
+        for (char b : letters) {
+            const std::string token{a, b};
+            EXPECT_EQ(SYYPSB(token), noteCode(token)) << token;
+        }
 }
 
 TEST(SongModel, ClearingSparesASongOfOneBarAndStopsAtTheLastBar) {
