@@ -52,59 +52,6 @@ TEST(EditFiles, TheSaveNameReplacesOnlyAThreeLetterExtension) {
     EXPECT_EQ(editFileSavePath("abc"), std::nullopt);
 }
 
-TEST(EditFiles, ASongSavedAndOpenedAgainAfterLeavingTheEditorIsEqualBarForBar) {
-    EditorHarness h;
-    h.dialogs.queueInputAnswer("1");
-    h.yybj.commands().ZDXJZS.userClick();
-    h.writeNotes(0, "KC");
-    h.hit(1, 0);
-    h.yybj.settings().DQSUDU.userPick(10);  // 90
-    h.yybj.commands().BCBXJ.userClick();
-    h.showBar(1);
-    h.writeNotes(2, "HCXZWA");
-    h.hit(5, 15);
-    save(h, "歌");
-
-    const std::string bytes = readBytes(h.file("歌.lnk"));
-    std::vector<std::string> lines = splitLines(bytes);
-    ASSERT_EQ(lines.size(), 26u);
-    EXPECT_EQ(bytes.find('\n'), bytes.find("\r\n") + 1);
-    EXPECT_EQ(lines[0], "0000005031504E505250223C183C043C015003500450295011"
-                        "3C2000005A");
-    EXPECT_EQ(lines[1], "KC" + std::string(30, '-'));
-    EXPECT_EQ(lines[2], std::string(32, '-'));
-    EXPECT_EQ(lines[8], "O" + std::string(15, '-'));
-    EXPECT_EQ(lines[13], "0001");
-    EXPECT_EQ(lines[16], "HCXZWA" + std::string(26, '-'));
-    EXPECT_EQ(lines[25], std::string(15, '-') + "O");
-    EditorState saved;
-    for (long bar = 0; bar <= 1; ++bar) {
-        saved.BarHead[bar] = h.song.BarHead[bar];
-        for (int t = 0; t < 12; ++t) saved.BarStrings(bar, t) = h.song.BarStrings(bar, t);
-    }
-
-    h.yybj.commands().TUICHU.userClick();
-    h.app->form1.BJCK.userClick();
-    EXPECT_EQ(h.song.BarStrings(1, 2), "");  // the reopened editor starts empty
-    open(h, "歌.lnk");
-    EXPECT_EQ(h.song.BarCount, 1);
-    EXPECT_EQ(h.song.LoadedSlots, 16);
-    EXPECT_EQ(h.song.EditFilePath, h.file("歌.lnk"));
-    for (long bar = 0; bar <= 1; ++bar) {
-        EXPECT_EQ(h.song.BarHead[bar], saved.BarHead[bar]);
-        for (int t = 0; t < 12; ++t) EXPECT_EQ(h.song.BarStrings(bar, t), saved.BarStrings(bar, t)) << bar << " " << t;
-    }
-    EXPECT_EQ(h.song.SlotTokens(17, 2), "XZ");
-    EXPECT_EQ(h.song.SlotNotes(16, 2), 36);
-    EXPECT_EQ(h.song.SlotTokens(31, 11), "O");
-    EXPECT_EQ(h.yybj.bar().YF1[0].text(), "KC" + std::string(30, '-'));
-    EXPECT_EQ(h.yybj.bar().DJY1[0].value(), 1);
-    EXPECT_EQ(h.yybj.settings().DQSUDU.text(), "90");  // bar 0's settings applied
-    EXPECT_EQ(h.app->state.TickMs, 166);
-    EXPECT_EQ(h.yybj.bar().HScroll1.max(), 1);
-    EXPECT_EQ(h.song.LastSlotIndex, 31);
-}
-
 TEST(EditFiles, GapsAreFilledBeforeTheDialogEvenWhenTheSaveIsCancelled) {
     EditorHarness h;
     h.song.SlotTokens(0, 0) = "KC";

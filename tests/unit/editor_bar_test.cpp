@@ -74,77 +74,6 @@ TEST(EditorWindow, ANewSongHasItsDefaultsAndTheDeliberateSlotOf188) {
     EXPECT_FALSE(h.app->form1.visible());
 }
 
-TEST(BarEditing, NotesAreUpperCasedFilledAndStoredWhenTheBoxIsLeft) {
-    EditorHarness h;
-    EditorState& s = h.song;
-    TextBox& box = h.yybj.bar().YF1[0];
-    box.setFocus();
-    box.setText("kcK");
-    EXPECT_EQ(s.SlotTokens(0, 0), "");  // not in the tables while the box has the focus
-    h.yybj.bar().XJZS.setFocus();
-    EXPECT_EQ(box.text(), "KCK" + std::string(29, '-'));
-    EXPECT_EQ(s.BarStrings(0, 0), box.text());
-    EXPECT_EQ(s.SlotTokens(0, 0), "KC");
-    EXPECT_EQ(s.SlotNotes(0, 0), 24);
-    EXPECT_EQ(s.SlotTokens(1, 0), "K-");  // an odd length shifts nothing
-    EXPECT_EQ(s.SlotNotes(1, 0), 255);
-
-    h.writeNotes(3, "");
-    EXPECT_EQ(s.BarStrings(0, 3), std::string(32, '-'));
-    EXPECT_EQ(s.SlotTokens(15, 3), "--");
-    EXPECT_EQ(s.SlotNotes(15, 3), 255);
-}
-
-TEST(BarEditing, APercussionHitFillsItsRowAndTheFourthRowFillsWithTwoCharacters) {
-    EditorHarness h;
-    EditorState& s = h.song;
-    h.hit(1, 2);
-    EXPECT_EQ(s.SlotTokens(2, 7), "O");
-    EXPECT_EQ(s.BarStrings(0, 7), "--O-------------");
-    h.hit(4, 2);
-    EXPECT_EQ(s.SlotTokens(0, 10), "--");
-    EXPECT_EQ(s.BarStrings(0, 10), "----O" + std::string(26, '-'));
-    h.hit(1, 2);  // unchecked again
-    EXPECT_EQ(s.SlotTokens(2, 7), "-");
-    EXPECT_EQ(s.BarStrings(0, 7), std::string(16, '-'));
-}
-
-TEST(BarEditing, InsertOnAOneBarSongMakesTwoBarsAndEatsTheHitsOfTheBarLeft) {
-    EditorHarness h;
-    EditorState& s = h.song;
-    h.hit(2, 0);
-    h.writeNotes(5, "KE");
-    s.BarStrings(1, 11) = "O---------------";
-    s.BarStrings(1, 3) = "KD";
-    h.yybj.commands().CHARU.userClick();
-    EXPECT_EQ(s.CurrentBar, 1);
-    EXPECT_EQ(s.BarCount, 2);
-    EXPECT_EQ(h.yybj.bar().HScroll1.value(), 0);
-    EXPECT_EQ(h.yybj.bar().HScroll1.max(), 2);
-    EXPECT_EQ(h.yybj.bar().XJZS.text(), "1");
-    EXPECT_EQ(s.LastSlotIndex, 47);
-    EXPECT_EQ(s.SlotTokens(0, 8), "-");          // the hit of bar 0 went with its box
-    EXPECT_EQ(s.BarStrings(1, 3), "");           // tracks 0..9 of the next bar are cleared
-    EXPECT_EQ(s.BarStrings(1, 11), "O---------------");  // tracks 10 and 11 are not
-    EXPECT_EQ(h.yybj.bar().YF1[5].text(), "KE" + std::string(30, '-'));
-}
-
-TEST(BarEditing, ClearKeepsTheSlotsUntilTheFocusPassesThroughTheBox) {
-    EditorHarness h;
-    EditorState& s = h.song;
-    h.writeNotes(0, "KCKD");
-    h.writeNotes(1, "WA");
-    h.yybj.commands().QinKong.userClick();
-    EXPECT_EQ(h.yybj.bar().YF1[0].text(), "");
-    EXPECT_EQ(s.BarStrings(0, 0), "");
-    EXPECT_EQ(s.SlotTokens(1, 0), "KD");
-    EXPECT_EQ(s.SlotTokens(0, 1), "WA");
-    h.yybj.bar().YF1[1].setFocus();
-    h.yybj.bar().XJZS.setFocus();
-    EXPECT_EQ(s.SlotTokens(0, 1), "--");
-    EXPECT_EQ(s.SlotTokens(1, 0), "KD");
-}
-
 TEST(BarSettings, TheDefaultSettingsTextAndItsTempoField) {
     EditorHarness h;
     h.yybj.commands().BCBXJ.userClick();
@@ -157,39 +86,6 @@ TEST(BarSettings, TheDefaultSettingsTextAndItsTempoField) {
     h.yybj.settings().DQSUDU.setText("15");
     h.editor.barSettings.BCXJ();
     EXPECT_EQ(h.song.BarTempoText[0], "0F");
-}
-
-TEST(BarSettings, ASavedBarGetsItsSettingsBackWhenShownAgain) {
-    EditorHarness h;
-    EditorSettingsPanel& p = h.yybj.settings();
-    p.SYYQ[1].userPick(10);
-    p.YQYL[1].userPick(2);  // "40"
-    p.DQYD.userPick(2);
-    p.Check1[0].userClick();
-    p.HScroll3.setValue(5);
-    h.yybj.commands().BCBXJ.userClick();
-
-    p.SYYQ[1].userPick(20);
-    p.YQYL[1].userPick(8);
-    p.DQYD.userPick(0);
-    p.Check1[0].userClick();
-    p.HScroll3.setValue(-3);
-    h.showBar(1);  // a bar without settings keeps what is on screen
-    EXPECT_EQ(p.SYYQ[1].listIndex(), 20);
-    EXPECT_EQ(h.yybj.bar().XJXSS.caption(), "实际小节数是(3-4)小节");
-
-    h.showBar(0);
-    EXPECT_EQ(p.SYYQ[1].listIndex(), 10);
-    EXPECT_EQ(h.app->midi.LayerVelocity[1], 40);
-    EXPECT_EQ(p.YQYL[1].text(), "40");
-    EXPECT_EQ(p.DQYD.listIndex(), 2);
-    EXPECT_EQ(h.app->state.NoteBase, 38);
-    EXPECT_EQ(p.Check1[0].value(), 1);
-    EXPECT_EQ(p.HScroll3.value(), 5);
-    EXPECT_EQ(h.song.DepthStep, 5);
-    EXPECT_EQ(p.Label7.caption(), "深度(5)");
-    EXPECT_EQ(p.DQSUDU.text(), "70");
-    EXPECT_EQ(h.app->state.TickMs, 214);  // from the tempo now, no longer the new song's 188
 }
 
 TEST(BarSettings, ASilentMelodyTrackWidensTheTextWhoseTempoIsStillAtItsEnd) {

@@ -29,12 +29,6 @@ std::vector<Message> only(const std::vector<Message>& all, int status, int data1
     return out;
 }
 
-std::vector<int> values(const std::vector<Message>& messages) {
-    std::vector<int> out;
-    for (const Message& m : messages) out.push_back(m.data2);
-    return out;
-}
-
 void setBarCount(EditorHarness& h, int lastBar) {
     h.dialogs.queueInputAnswer(std::to_string(lastBar));
     h.yybj.commands().ZDXJZS.userClick();
@@ -95,37 +89,6 @@ TEST(EditorSequencer, AWholeSongPlaysEverySlotOnceOnTheGridOfItsTickAndStops) {
     EXPECT_EQ(h.yybj.bar().HScroll1.value(), 1);
 }
 
-TEST(EditorSequencer, SwellFadeAndAccentsFollowTheTimeSignature) {
-    EditorHarness h;
-    setBarCount(h, 1);
-    EditorSettingsPanel& p = h.yybj.settings();
-    p.Check1[1].userClick();
-    p.HScroll3.setValue(10);
-    auto swell = values(only(playSong(h), 176, 11));
-    ASSERT_GE(swell.size(), 32u);
-    EXPECT_EQ(std::vector<int>(swell.begin(), swell.begin() + 13),
-              (std::vector<int>{10, 20, 30, 40, 50, 60, 70, 80, 90, 100, 110, 120, 120}));
-
-    p.HScroll3.setValue(-3);
-    auto sent = playSong(h);
-    auto fade = values(only(sent, 176, 11));
-    // Only the second half of a bar fades, and a new bar starts full again.
-    EXPECT_EQ(std::vector<int>(fade.begin() + 6, fade.begin() + 18),
-              (std::vector<int>{120, 120, 117, 114, 111, 108, 105, 102, 99, 96, 120, 120}));
-    // In 2/4 the accent channels keep their own two values whatever the fade.
-    auto accents = values(only(sent, 185, 11));
-    EXPECT_EQ(std::vector<int>(accents.begin(), accents.begin() + 16),
-              (std::vector<int>{120, 120, 120, 120, 80, 120, 120, 120, 120, 120, 120, 120, 80, 120, 120, 120}));
-
-    p.JPFL[2].userClick();  // 4/4: the fade reaches the accent channels
-    setBarCount(h, 0);
-    accents = values(only(playSong(h), 185, 11));
-    ASSERT_GE(accents.size(), 32u);
-    EXPECT_EQ(std::vector<int>(accents.begin(), accents.begin() + 20),
-              (std::vector<int>{120, 120, 120, 120, 80, 120, 120, 120, 80, 120, 120, 120, 80, 120, 120, 120,
-                                117, 114, 111, 108}));
-}
-
 TEST(EditorSequencer, TzOnTheFirstSlotEndsThePlaySilentlyWhereItStands) {
     EditorHarness h;
     h.writeNotes(0, "TZKC");
@@ -136,18 +99,6 @@ TEST(EditorSequencer, TzOnTheFirstSlotEndsThePlaySilentlyWhereItStands) {
     EXPECT_EQ(h.app->state.RhythmStep, 0);
     EXPECT_FALSE(h.yybj.commands().YYDS.timerEnabled());
     EXPECT_TRUE(h.yybj.commands().BZWJ.enabled());  // ST2 was checked: its own stop ran
-}
-
-TEST(EditorSequencer, StoppingAllNotesIs455NoteOffs) {
-    EditorHarness h;
-    h.yybj.commands().ST1.userClick();
-    take(h);
-    h.yybj.commands().ST1.userClick();
-    auto sent = take(h);
-    long offs = std::count_if(sent.begin(), sent.end(), [](const Message& m) { return m.status >= 128 && m.status <= 134; });
-    EXPECT_EQ(offs, 455);
-    EXPECT_EQ(sent.size(), 455u);
-    EXPECT_TRUE(h.yybj.commands().ST2.enabled());
 }
 
 TEST(EditorSequencer, AChordIsStrummedAndAllOfItsPossibleNotesAreStopped) {
