@@ -105,6 +105,30 @@ void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& w
             writeSomeBars(instrument, fourFour);
             QTimer::singleShot(kSettleMs, windows.editor.view(), [&windows, path] { save(windows.editor.view()->grab(), path); });
         });
+    } else if (of == QLatin1String("editor-failure")) {
+        // A song is written, then settings are saved on bar 256, which no bar
+        // past 255 can keep: the run-time failure's box is taken off the screen.
+        // Once failed the program's timers are still, so the picture is taken
+        // by a timer of the box itself.
+        QObject::connect(qApp, &QApplication::focusChanged, qApp, [path] {
+            QWidget* box = QApplication::activeModalWidget();
+            if (!box || box->property("screenshotArmed").toBool()) return;
+            box->setProperty("screenshotArmed", true);
+            auto* timer = new QTimer(box);
+            timer->setSingleShot(true);
+            QObject::connect(timer, &QTimer::timeout, box, [box, path] { save(screenAround(*box), path); });
+            timer->start(kSettleMs);
+        });
+        whenMainWindowIsUp(instrument, main, [&instrument, &windows] {
+            instrument.form1.BJCK.userClick();
+            writeSomeBars(instrument, false);
+            QTimer::singleShot(kSettleMs, windows.editor.view(), [&instrument] {
+                EditorBarPanel& bar = instrument.YYBJ.bar();
+                bar.HScroll1.setMax(300);
+                bar.HScroll1.setValue(256);
+                instrument.YYBJ.commands().BCBXJ.userClick();
+            });
+        });
     } else {
         const bool shortcuts = of == QLatin1String("shortcuts");
         whenMainWindowIsUp(instrument, main, [&instrument, &main, path, shortcuts] {

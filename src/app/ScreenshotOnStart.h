@@ -19,7 +19,8 @@ struct ScreenshotWindows {
 // window is saved there once it is up, and the program quits. Which window
 // TESSALY_SCREENSHOT_OF says: "splash", "main" (the default), "shortcuts"
 // (the main window on its settings tab), "farewell", or "editor" and
-// "editor44": the music editor with a few bars written, in 2/4 and 4/4. The shaped windows are
+// "editor44": the music editor with a few bars written, in 2/4 and 4/4, or
+// "editor-failure": the box of a run-time failure met in the editor. The shaped windows are
 // taken from the screen around them, so that their shape shows.
 // For documentation and visual checks under a virtual display.
 void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& windows);
