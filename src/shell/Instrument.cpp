@@ -34,6 +34,8 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       chordSequencer(state, chordState, midi, form1, chords),
       chordPageHandlers(platform_, state, chordState, midi, form1, chords),
       recorder(platform_, state, recorderState.main, form1, dialogs),
+      YYBJ(controls, platform_.loop),
+      editor(platform_, state, midi, chords, accompaniment, form1, YYBJ, dialogs, controls),
       appDir_(std::move(appDir)),
       shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
@@ -59,6 +61,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     form1.ComDevies.onClick = [this] { ComDevies_Click(); };
     form1.onLoad = [this] { Form_Load(); };
     form1.onActivate = [this] { Form_Activate(); };
+    fatalEndSaves.add([this] { return editor.saveForRecovery(); });
     registerVariables();
 }
 
@@ -68,6 +71,7 @@ void Instrument::registerVariables() {
     registerSharedState(controls, state, midi);
     registerChordState(controls, chordState, chords, midi);
     registerRecorderState(controls, recorderState);
+    editor.registerVariables(controls);
 }
 
 void Instrument::start() { startUp.begin(); }

@@ -7,7 +7,9 @@
 #include "chords/ChordPageHandlers.h"
 #include "chords/ChordSequencer.h"
 #include "chords/ChordState.h"
+#include "editor/Editor.h"
 #include "forms/ControlSystem.h"
+#include "forms/EditorWindow.h"
 #include "forms/FarewellWindow.h"
 #include "forms/MainWindow.h"
 #include "forms/SplashWindow.h"
@@ -22,6 +24,7 @@
 #include "rhythm/Accompaniment.h"
 #include "rhythm/PatternEditing.h"
 #include "rhythm/RhythmSequencer.h"
+#include "shell/FatalEndSaves.h"
 #include "shell/SettingsFile.h"
 #include "shell/StartUp.h"
 #include "shell/MainPanels.h"
@@ -94,6 +97,11 @@ public:
     ChordPageHandlers chordPageHandlers;
     RecorderState recorderState;
     MainRecorder recorder;
+    // The music editor's window and its logic.
+    EditorWindow YYBJ;
+    Editor editor;
+    // What is written before the program ends by a run-time failure.
+    FatalEndSaves fatalEndSaves;
 
 private:
     void registerVariables();

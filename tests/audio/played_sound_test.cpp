@@ -134,3 +134,35 @@ TEST(PlayedSound, DemonstrationScoreOnsetsFallWhereTheScoreSays) {
     for (std::size_t i = 0; i < ticks.size(); ++i)
         EXPECT_NEAR(onsets[i + 1] - onsets[i], ticks[i] * 107, 12) << "between notes " << i << " and " << i + 1;
 }
+
+// A song of the music editor played from the start: its notes fall on the
+// slots that hold them, at the song's tempo (100 beats a minute: a slot, a
+// sixteenth, is 15000 / 100 = 150 ms). Each note has a rest before it, so
+// that its attack stands out from the note before.
+TEST(PlayedSound, EditorSongOnsetsFallOnTheirSlotsAtTheSongsTempo) {
+    std::string script = "start\nclick Form1.BJCK\n";
+    for (int t = 1; t <= 6; ++t) script += "pick YYBJ.SYYQ(" + std::to_string(t) + ") 0\n";
+    script +=
+        "pick YYBJ.DQSUDU 12\n"
+        "input 1\nclick YYBJ.ZDXJZS\n"
+        "focus YYBJ.YF1(0)\ntype YYBJ.YF1(0) KC----XZKEXZKGXZ\n"
+        "focus YYBJ.XJZS\n"  // the notes are kept as the box loses the focus
+        "set YYBJ.HScroll1.Value 1\n"
+        "focus YYBJ.YF1(0)\ntype YYBJ.YF1(0) HCXZKGXZKE------\n"
+        "focus YYBJ.XJZS\n"
+        "click YYBJ.ST2\nadvance 5500\n";
+    int rate = 0;
+    auto song = renderScript(script, rate);
+    ASSERT_GT(rate, 0);
+    // From a little before the play, so that its first attack has silence before it.
+    auto onsets = onsetsMs(channelOf(song, 0, frameAt(-100, rate), frameAt(5500, rate)), rate);
+    const std::vector<int> slots{0, 4, 6, 16, 18, 20};
+    ASSERT_EQ(onsets.size(), slots.size());
+    for (std::size_t i = 0; i < slots.size(); ++i)
+        EXPECT_NEAR(onsets[i] - 100, slots[i] * 150, 12) << "note " << i;
+    // The pitches are the tokens' at key C: KC and HC an octave apart.
+    double first = estimatePitchHz(channelOf(song, 0, frameAt(100, rate), frameAt(550, rate)), rate);
+    double high = estimatePitchHz(channelOf(song, 0, frameAt(16 * 150 + 50, rate), frameAt(18 * 150 - 20, rate)), rate);
+    EXPECT_NEAR(first, 261.63, 261.63 * 0.01);
+    EXPECT_NEAR(high, 523.25, 523.25 * 0.01);
+}

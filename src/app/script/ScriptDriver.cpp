@@ -13,6 +13,7 @@
 #include "forms/Controls.h"
 #include "runtime/FatalFailure.h"
 #include "score/ScoreFiles.h"
+#include "shell/FatalEndSaves.h"
 #include "shell/Instrument.h"
 
 namespace tessaly {
@@ -134,7 +135,10 @@ int ScriptDriver::run(std::istream& script) {
                 return instrument_->exitStatus();
             }
         } catch (const FatalFailure& failure) {
-            out_ << "fatal " << failure.what() << "\n";
+            // The user's work is saved first, and the message says where,
+            // relative to the data folder so that a run prints the same.
+            std::string kept = savedWorkText(instrument_->fatalEndSaves.runAll(), instrument_->appDir());
+            out_ << "fatal " << failure.what() << (kept.empty() ? "" : "。" + escapeValue(kept)) << "\n";
             return 3;
         } catch (const ScriptError& error) {
             out_ << "error: " << error.what() << " in: " << line << "\n";
