@@ -9,6 +9,7 @@
 #include <functional>
 
 #include "shell/Instrument.h"
+#include "ui/EditorView.h"
 
 namespace tessaly {
 
@@ -46,6 +47,43 @@ void whenMainWindowIsUp(Instrument& instrument, QWidget& anchor, std::function<v
     poll->start(50);
 }
 
+// A few bars of a song written as a user writes them: notes typed into the
+// boxes (each stored as the focus leaves it) and percussion boxes clicked.
+void writeSomeBars(Instrument& instrument, bool fourFour) {
+    EditorWindow& editor = instrument.YYBJ;
+    if (fourFour) editor.settings().JPFL[2].userClick();
+    const int slotCount = fourFour ? 32 : 16;
+    struct Bar {
+        const char* melody;
+        const char* harmony;
+        const char* bass;
+    };
+    const Bar twoFour[2] = {{"KCKCKGKGKAKAKG--", "WEWEWEWEWFWFWE--", "WC------WF------"},
+                            {"KFKFKEKEKDKDKC--", "WDWDWCWCWBWBWC--", "WG------WC------"}};
+    const Bar fourFourBars[2] = {{"KCKCKGKGKAKAKG--KFKFKEKEKDKDKC--", "WEWEWEWEWFWFWE--WDWDWCWCWBWBWC--",
+                                  "WC------WF------WG------WC------"},
+                                 {"KGKGKFKFKEKEKD--KGKGKFKFKEKEKD--", "WBWBWAWAWGWGWF--WBWBWAWAWGWGWF--",
+                                  "WG------WG------WG------WG------"}};
+    const Bar* bars = fourFour ? fourFourBars : twoFour;
+    auto write = [&](int track, const char* notes) {
+        TextBox& box = editor.bar().YF1[track];
+        box.setFocus();
+        box.setText(notes);
+        editor.bar().XJZS.setFocus();
+    };
+    for (int bar = 1; bar >= 0; --bar) {
+        editor.bar().HScroll1.setValue(bar);
+        write(0, bars[bar].melody);
+        write(1, bars[bar].harmony);
+        write(4, bars[bar].bass);
+        for (int slot = 0; slot < slotCount; slot += 4) editor.bar().DJY1[slot].userClick();
+        for (int slot = 2; slot < slotCount; slot += 4) editor.bar().DJY3[slot].userClick();
+        for (int slot = 4; slot < slotCount; slot += 8) editor.bar().DJY2[slot].userClick();
+    }
+    editor.settings().Check1[1].userClick();
+    editor.settings().HScroll3.setValue(10);
+}
+
 }  // namespace
 
 void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& windows) {
@@ -69,10 +107,42 @@ void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& w
             instrument.form1.BzQd.userClick();
             QTimer::singleShot(kRhythmRunMs, &main, [&main, path] { save(main.grab(), path); });
         });
+    } else if (of == QLatin1String("editor") || of == QLatin1String("editor44")) {
+        const bool fourFour = of == QLatin1String("editor44");
+        whenMainWindowIsUp(instrument, main, [&instrument, &windows, path, fourFour] {
+            instrument.form1.BJCK.userClick();
+            writeSomeBars(instrument, fourFour);
+            QTimer::singleShot(kSettleMs, windows.editor.view(),
+                               [&windows, path] { save(windows.editor.view()->grab(), path); });
+        });
+    } else if (of == QLatin1String("editor-failure")) {
+        // A song is written, then settings are saved on bar 256, which no bar
+        // past 255 can keep: the run-time failure's box is taken off the screen.
+        // Once failed the program's timers are still, so the picture is taken
+        // by a timer of the box itself.
+        QObject::connect(qApp, &QApplication::focusChanged, qApp, [path] {
+            QWidget* box = QApplication::activeModalWidget();
+            if (!box || box->property("screenshotArmed").toBool()) return;
+            box->setProperty("screenshotArmed", true);
+            auto* timer = new QTimer(box);
+            timer->setSingleShot(true);
+            QObject::connect(timer, &QTimer::timeout, box, [box, path] { save(screenAround(*box), path); });
+            timer->start(kSettleMs);
+        });
+        whenMainWindowIsUp(instrument, main, [&instrument, &windows] {
+            instrument.form1.BJCK.userClick();
+            writeSomeBars(instrument, false);
+            QTimer::singleShot(kSettleMs, windows.editor.view(), [&instrument] {
+                EditorBarPanel& bar = instrument.YYBJ.bar();
+                bar.HScroll1.setMax(300);
+                bar.HScroll1.setValue(256);
+                instrument.YYBJ.commands().BCBXJ.userClick();
+            });
+        });
     } else {
-        const bool shortcuts = of == QLatin1String("shortcuts");
-        whenMainWindowIsUp(instrument, main, [&instrument, &main, path, shortcuts] {
-            if (shortcuts) instrument.form1.Xxk[5].userClick();
+        const int tab = of == QLatin1String("shortcuts") ? 5 : of == QLatin1String("chords") ? 1 : -1;
+        whenMainWindowIsUp(instrument, main, [&instrument, &main, path, tab] {
+            if (tab >= 0) instrument.form1.Xxk[tab].userClick();
             QTimer::singleShot(kSettleMs, &main, [&main, path] { save(main.grab(), path); });
         });
     }

@@ -11,7 +11,10 @@ std::string soundFontOverride() {
 }
 }  // namespace
 
-SoundSystem::SoundSystem(const std::string& appDir)
-    : engine(), midi(engine, {appDir, soundFontOverride()}), wave(engine) {}
+SoundSystem::SoundSystem(const std::string& appDir, EventLoop& loop)
+    : engine(),
+      midi(engine, {appDir, soundFontOverride()}),
+      wave(engine),
+      recorder(engine.mixer(), {audio::defaultTakeFolder(), &loop}) {}
 
 }  // namespace tessaly

@@ -9,6 +9,8 @@
 #include "runtime/FatalFailure.h"
 #include "shell/AppFolder.h"
 #include "shell/Instrument.h"
+#include "shell/FatalEndSaves.h"
+#include "ui/EditorView.h"
 #include "ui/FarewellView.h"
 #include "ui/GuardedApplication.h"
 #include "ui/InstrumentStyle.h"
@@ -25,11 +27,11 @@ int main(int argc, char** argv) {
 
     const std::string appDir = tessaly::appFolderFromEnvironment();
     tessaly::QtEventLoop loop;
-    tessaly::SoundSystem sound(appDir);
+    tessaly::SoundSystem sound(appDir, loop);
     tessaly::QtMessageBoxes boxes;
     tessaly::FlockInstanceLock instanceLock;
     tessaly::QtDialogs dialogs;
-    tessaly::Platform platform{loop, sound.midi, sound.wave, boxes, instanceLock};
+    tessaly::Platform platform{loop, sound.midi, sound.wave, boxes, instanceLock, sound.recorder};
     platform.dialogs = &dialogs;
 
     tessaly::Instrument instrument(platform, appDir, TESSALY_BUILD_DATA_DIR);
@@ -37,6 +39,10 @@ int main(int argc, char** argv) {
     // Built before the start, so that they follow their models from the first change.
     tessaly::SplashView splash(instrument.DZQQD);
     tessaly::FarewellView farewell(instrument.Form3);
+    tessaly::EditorViewHost editor(instrument.YYBJ);
+    // Whatever ends the program by a run-time failure, the user's work is saved first.
+    application.setBeforeFatalEnd(
+        [&instrument] { return tessaly::savedWorkText(instrument.fatalEndSaves.runAll()); });
     boxes.setParentWindow(&window);
     dialogs.setParentWindow(&window);
     window.onUserClose = [&instrument] { instrument.close(); };
@@ -56,6 +62,6 @@ int main(int argc, char** argv) {
     }
     // The start itself ends the program when another instance is running.
     if (instrument.ended()) return instrument.exitStatus();
-    tessaly::screenshotOnStartIfAsked(instrument, {splash, window, farewell});
+    tessaly::screenshotOnStartIfAsked(instrument, {splash, window, farewell, editor});
     return tessaly::GuardedApplication::exec();
 }

@@ -62,6 +62,12 @@ void Control::setGeometry(Geometry geometry) {
     changed(Prop::Geometry);
 }
 
+void Control::setBackColor(int32_t color) {
+    if (backColor_ == color) return;
+    backColor_ = color;
+    changed(Prop::BackColor);
+}
+
 bool Control::focusableKind() const {
     switch (kind_) {
     case ControlKind::Button:
@@ -118,6 +124,7 @@ std::optional<std::string> Control::property(std::string_view prop) const {
     if (prop == "Width") return std::to_string(geometry_.width);
     if (prop == "Height") return std::to_string(geometry_.height);
     if (prop == "Index") return std::to_string(index_);
+    if (prop == "BackColor") return std::to_string(backColor_);
     return std::nullopt;
 }
 
@@ -132,6 +139,7 @@ bool Control::setProperty(std::string_view prop, std::string_view value) {
     else if (prop == "Top") { g.top = number(); setGeometry(g); }
     else if (prop == "Width") { g.width = number(); setGeometry(g); }
     else if (prop == "Height") { g.height = number(); setGeometry(g); }
+    else if (prop == "BackColor") setBackColor(static_cast<int32_t>(numericValue(value)));
     else return false;
     return true;
 }

@@ -18,6 +18,9 @@ enum class ControlKind {
 // What changed on a control, for the views that draw it.
 enum class Prop { Value, Caption, Text, Selection, ListIndex, Items, Enabled, Visible, ToolTip, Geometry, Picture, Timer, BackColor };
 
+// The background colour a control has until one is set: the system's own.
+constexpr int32_t kSystemBackColor = static_cast<int32_t>(0x8000000F);
+
 struct Geometry {
     int left = 0, top = 0, width = 0, height = 0;
     bool operator==(const Geometry&) const = default;
@@ -46,11 +49,14 @@ public:
     const std::string& caption() const { return caption_; }
     const std::string& toolTip() const { return toolTip_; }
     const Geometry& geometry() const { return geometry_; }
+    // An RGB colour as red + 256 * green + 65536 * blue, or kSystemBackColor.
+    int32_t backColor() const { return backColor_; }
     void setEnabled(bool enabled);
     void setVisible(bool visible);
     void setCaption(std::string caption);
     void setToolTip(std::string tip);
     void setGeometry(Geometry geometry);
+    void setBackColor(int32_t color);
 
     // Focus: a control can take it when it is of a focusable kind, enabled and
     // visible on a visible form. Asking a control that cannot is a fatal failure.
@@ -100,6 +106,7 @@ private:
     std::string caption_;
     std::string toolTip_;
     Geometry geometry_;
+    int32_t backColor_ = kSystemBackColor;
     std::vector<std::pair<int, Observer>> observers_;
     int nextObserver_ = 1;
 };

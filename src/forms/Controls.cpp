@@ -1,5 +1,7 @@
 #include "forms/Controls.h"
 
+#include <algorithm>
+
 #include "forms/ControlSystem.h"
 #include "forms/Form.h"
 #include "runtime/FatalFailure.h"
@@ -222,6 +224,17 @@ bool TextBox::setProperty(std::string_view prop, std::string_view value) {
     return true;
 }
 
+void ScrollBar::setRange(int min, int max) {
+    if (min < -32768 || min > 32767 || max < -32768 || max > 32767)
+        throw FatalFailure(FailureKind::InvalidCall, fullName() + ".Max");
+    min_ = min;
+    max_ = max;
+    changed(Prop::Value);  // the views take the new range with the value
+    int low = std::min(min_, max_), high = std::max(min_, max_);
+    if (value_ < low) setValue(low);
+    else if (value_ > high) setValue(high);
+}
+
 void ScrollBar::setValue(int value) {
     if (value < std::min(min_, max_) || value > std::max(min_, max_))
         throw FatalFailure(FailureKind::InvalidCall, fullName() + ".Value");
@@ -240,6 +253,8 @@ std::optional<std::string> ScrollBar::property(std::string_view prop) const {
 
 bool ScrollBar::setProperty(std::string_view prop, std::string_view value) {
     if (prop == "Value") setValue(toInt(value));
+    else if (prop == "Min") setMin(toInt(value));
+    else if (prop == "Max") setMax(toInt(value));
     else return Control::setProperty(prop, value);
     return true;
 }

@@ -131,11 +131,18 @@ public:
     Label(Form* form, std::string name, int index = -1) : Control(form, ControlKind::Label, std::move(name), index) {}
 };
 
+// A scroll bar: Value between Min and Max (Min may be the larger), all three
+// 16-bit. A new bound that leaves the value outside moves the value with its
+// Change event.
 class ScrollBar : public Control {
 public:
     ScrollBar(Form* form, std::string name, int index = -1) : Control(form, ControlKind::ScrollBar, std::move(name), index) {}
     int value() const { return value_; }
-    void setRange(int min, int max) { min_ = min; max_ = max; }
+    int min() const { return min_; }
+    int max() const { return max_; }
+    void setRange(int min, int max);
+    void setMin(long min) { setRange(static_cast<int>(min), max_); }
+    void setMax(long max) { setRange(min_, static_cast<int>(max)); }
     void setValue(int value);
     std::function<void()> onChange;
     std::optional<std::string> property(std::string_view prop) const override;

@@ -17,7 +17,14 @@ Form::~Form() {
 
 void Form::removeControl(Control& control) {
     system_.unregisterControl(control);
-    std::erase_if(controls_, [&](const auto& c) { return c.get() == &control; });
+    // Controls made at run time are the last ones: look from the end.
+    auto it = std::find_if(controls_.rbegin(), controls_.rend(), [&](const auto& c) { return c.get() == &control; });
+    if (it != controls_.rend()) controls_.erase(std::next(it).base());
+}
+
+void Form::removeAllControls() {
+    for (auto& control : controls_) system_.unregisterControl(*control);
+    controls_.clear();
 }
 
 std::vector<OptionButton*> Form::optionGroup(const std::string& group) const {

@@ -59,6 +59,9 @@ public:
     }
     // Removes a control created at run time.
     void removeControl(Control& control);
+    // Removes every control of the form, for a window whose controls are made
+    // afresh at each opening.
+    void removeAllControls();
 
     std::vector<OptionButton*> optionGroup(const std::string& group) const;
 

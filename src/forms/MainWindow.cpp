@@ -44,7 +44,9 @@ MainWindow::MainWindow(ControlSystem& system, EventLoop& loop)
       File2(add<FileListBox>("File2")),
       BCSZ(add<Button>("BCSZ")),
       Command1(add<Button>("Command1")),
-      rhythmPage(*this) {
+      rhythmPage(*this),
+      chordPage(*this),
+      recorderPanel(*this) {
     setCaption("Tessaly201705");
 
     SFYXYZ.setCaption("键盘");

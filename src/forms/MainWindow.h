@@ -1,7 +1,9 @@
 #pragma once
+#include "forms/ChordPage.h"
 #include "forms/FileListBox.h"
 #include "forms/Form.h"
 #include "forms/RhythmPage.h"
+#include "forms/MainRecorderPanel.h"
 #include "forms/TabButton.h"
 
 namespace tessaly {
@@ -69,6 +71,10 @@ public:
 
     // The rhythm page's own controls
     RhythmPage rhythmPage;
+    // The chord page's own controls
+    ChordPage chordPage;
+    // The recorder: Image1(0..2), BcLY, Label12
+    MainRecorderPanel recorderPanel;
 
 private:
     void addShortcutPage();

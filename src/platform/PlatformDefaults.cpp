@@ -12,7 +12,7 @@ public:
 
 class NoRecorder : public MciCommands {
 public:
-    std::string send(const std::string&) override { return {}; }
+    MciResult execute(const std::string&) override { return {}; }
 };
 
 }  // namespace

@@ -76,6 +76,49 @@ double numericValue(std::string_view text) {
     return value;
 }
 
+std::optional<double> exactNumericValue(std::string_view text) {
+    std::size_t first = 0, last = text.size();
+    while (first < last && isBlank(text[first])) ++first;
+    while (last > first && isBlank(text[last - 1])) --last;
+    std::string_view number = text.substr(first, last - first);
+    if (number.empty()) return std::nullopt;
+    if (number.size() > 2 && number[0] == '&') {
+        char kind = static_cast<char>(std::toupper(static_cast<unsigned char>(number[1])));
+        int radix = kind == 'H' ? 16 : kind == 'O' ? 8 : 0;
+        if (radix == 0) return std::nullopt;
+        for (char c : number.substr(2)) {
+            char u = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+            int d = (u >= '0' && u <= '9') ? u - '0' : (u >= 'A' && u <= 'F') ? u - 'A' + 10 : 99;
+            if (d >= radix) return std::nullopt;
+        }
+        return radixValue(number, 2, radix);
+    }
+    std::size_t i = 0;
+    auto digits = [&] {
+        std::size_t start = i;
+        while (i < number.size() && std::isdigit(static_cast<unsigned char>(number[i]))) ++i;
+        return i - start;
+    };
+    if (number[i] == '+' || number[i] == '-') ++i;
+    std::size_t mantissa = digits();
+    if (i < number.size() && number[i] == '.') {
+        ++i;
+        mantissa += digits();
+    }
+    if (mantissa == 0) return std::nullopt;
+    if (i < number.size() && std::string_view("eEdD").find(number[i]) != std::string_view::npos) {
+        ++i;
+        if (i < number.size() && (number[i] == '+' || number[i] == '-')) ++i;
+        if (digits() == 0) return std::nullopt;
+    }
+    if (i != number.size()) return std::nullopt;
+    std::string plain(number);
+    for (char& c : plain)
+        if (c == 'd' || c == 'D') c = 'E';
+    // Too large a number reads as infinite: the narrowing that follows overflows.
+    return std::strtod(plain.c_str(), nullptr);
+}
+
 std::string hexText(long long value) {
     char buffer[24];
     if (value < 0 && value >= -32768)

@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -10,6 +11,12 @@ namespace tessaly {
 // reading stops at the first character that cannot belong to the number.
 // A text with no number in front is 0.
 double numericValue(std::string_view text);
+
+// The value of a text that is a number and nothing else, as a conversion
+// (not the tolerant reading above) takes it: blanks around it, an optional
+// sign, digits with a decimal point and exponent, or "&H"/"&O" integers.
+// Empty when the text is not such a number.
+std::optional<double> exactNumericValue(std::string_view text);
 
 // Upper-case hexadecimal, no prefix. Values in 16-bit range that are negative
 // print as four digits of their two's complement, others as eight.

@@ -35,9 +35,13 @@ std::optional<std::string> seedAppFolder(const std::string& appDir, const std::s
         return "无法使用数据文件夹“" + appDir + "”：" + reason +
                "\n程序无法启动。请检查这个位置，或用环境变量 TESSALY_APPDIR 指定另一个文件夹。";
     };
-    std::error_code error;
-    fs::create_directories(appDir, error);
-    if (!fs::is_directory(appDir)) return unusable(error ? error.message() : "它不是一个文件夹");
+    std::error_code error, created;
+    fs::create_directories(appDir, created);
+    if (!fs::is_directory(appDir, error)) {
+        // Without its trailing separator, so that a file of that name is seen.
+        if (fs::exists(fs::path(appDir).parent_path(), error)) return unusable("这里已有一个同名的文件，不是文件夹");
+        return unusable("无法创建这个文件夹（" + created.message() + "）");
+    }
     if (access(appDir.c_str(), W_OK | X_OK) != 0) return unusable("没有写入的权限");
     for (const char* sub : {"演奏记录", "音效"}) {
         fs::path target = fs::path(appDir) / sub;

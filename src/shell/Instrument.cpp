@@ -3,6 +3,7 @@
 #include "notation/Catalogue.h"
 #include "notation/KeyTables.h"
 #include "notation/NoteVocabulary.h"
+#include "chords/ChordRegistry.h"
 #include "shell/StateRegistry.h"
 
 namespace tessaly {
@@ -14,7 +15,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     : platform(platform_),
       midi(platform_, state),
       form1(controls, platform_.loop),
-      chords(state, midi),
+      chords(state, chordState, midi, form1),
       accompaniment(state, midi, form1, chords),
       effects(platform_, state, form1),
       keyboard(platform_, state, midi, form1, accompaniment, chords, effects),
@@ -30,6 +31,11 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       scorePanel(state, form1, scorePlayer, accompaniment, chords, dialogs, controls),
       rhythmSequencer(platform_, state, form1, accompaniment, chords),
       patternEditing(state, midi, form1),
+      chordSequencer(state, chordState, midi, form1, chords),
+      chordPageHandlers(platform_, state, chordState, midi, form1, chords),
+      recorder(platform_, state, recorderState.main, form1, dialogs),
+      YYBJ(controls, platform_.loop),
+      editor(platform_, state, midi, chords, accompaniment, form1, YYBJ, dialogs, controls),
       appDir_(std::move(appDir)),
       shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
@@ -43,16 +49,30 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     rhythmFiles.wire();
     rhythmSequencer.wire();
     patternEditing.wire();
+    chordSequencer.wire();
+    chordPageHandlers.wire();
+    // A change of metre re-forms the chord figures too.
+    patternEditing.onMetreChanged = [this](int metre) { chordPageHandlers.metreChanged(metre == 1); };
+    panels.setEntryAction(1, [this] { chordPageHandlers.enterChordTab(); });
+    recorder.wire();
+    // So far the recorder is all that Timer2 serves.
+    form1.Timer2.onTimer = [this] { recorder.Timer2_Timer(); };
     form1.BCSZ.onClick = [this] { settings.BCSZ_Click(); };
     form1.ComDevies.onClick = [this] { ComDevies_Click(); };
     form1.onLoad = [this] { Form_Load(); };
     form1.onActivate = [this] { Form_Activate(); };
+    fatalEndSaves.add([this] { return editor.saveForRecovery(); });
     registerVariables();
 }
 
 Instrument::~Instrument() = default;
 
-void Instrument::registerVariables() { registerSharedState(controls, state, midi); }
+void Instrument::registerVariables() {
+    registerSharedState(controls, state, midi);
+    registerChordState(controls, chordState, chords, midi);
+    registerRecorderState(controls, recorderState);
+    editor.registerVariables(controls);
+}
 
 void Instrument::start() { startUp.begin(); }
 
@@ -90,6 +110,7 @@ void Instrument::Form_Activate() {
     form1.Label1.setVisible(false);
     activated_ = true;
     form1.Timer2.setTimerEnabled(true);
+    chordPageHandlers.rebuildAtActivation();
     state.AutoSyncFlag = 0;
 }
 
@@ -161,10 +182,6 @@ void Instrument::QDCSH() {
     state.SinceNoteTicks = 0;
 }
 
-void Instrument::CSHX() {
-    // Only the position in the chord order is known before the chord page
-    // draws its order and figures.
-    state.ChordIndex = 1;
-}
+void Instrument::CSHX() { chordPageHandlers.CSHX(); }
 
 }  // namespace tessaly

@@ -4,7 +4,12 @@
 #include <string>
 
 #include "chords/ChordLayers.h"
+#include "chords/ChordPageHandlers.h"
+#include "chords/ChordSequencer.h"
+#include "chords/ChordState.h"
+#include "editor/Editor.h"
 #include "forms/ControlSystem.h"
+#include "forms/EditorWindow.h"
 #include "forms/FarewellWindow.h"
 #include "forms/MainWindow.h"
 #include "forms/SplashWindow.h"
@@ -14,9 +19,12 @@
 #include "performance/ShortcutPage.h"
 #include "platform/Platform.h"
 #include "platform/testing/ScriptedDialogs.h"
+#include "recorder/MainRecorder.h"
+#include "recorder/RecorderState.h"
 #include "rhythm/Accompaniment.h"
 #include "rhythm/PatternEditing.h"
 #include "rhythm/RhythmSequencer.h"
+#include "shell/FatalEndSaves.h"
 #include "shell/SettingsFile.h"
 #include "shell/StartUp.h"
 #include "shell/MainPanels.h"
@@ -64,6 +72,7 @@ public:
     Platform& platform;
     ControlSystem controls;
     SharedState state;
+    ChordState chordState;
     MidiOut midi;
     MainWindow form1;
     ChordLayers chords;
@@ -84,6 +93,15 @@ public:
     ScorePanel scorePanel;
     RhythmSequencer rhythmSequencer;
     PatternEditing patternEditing;
+    ChordSequencer chordSequencer;
+    ChordPageHandlers chordPageHandlers;
+    RecorderState recorderState;
+    MainRecorder recorder;
+    // The music editor's window and its logic.
+    EditorWindow YYBJ;
+    Editor editor;
+    // What is written before the program ends by a run-time failure.
+    FatalEndSaves fatalEndSaves;
 
 private:
     void registerVariables();

@@ -12,14 +12,32 @@ namespace {
 
 // Every property, to show a control as it stands when it is bound.
 constexpr Prop kAllProps[] = {Prop::Items,   Prop::ListIndex, Prop::Value,   Prop::Caption,  Prop::Text,
-                              Prop::Selection, Prop::Picture, Prop::ToolTip, Prop::Geometry, Prop::Enabled,
-                              Prop::Visible};
+                              Prop::Selection, Prop::Picture, Prop::ToolTip, Prop::Geometry, Prop::BackColor,
+                              Prop::Enabled,   Prop::Visible};
+
+// A control's own background, with text that stays readable on it; the
+// system's colour leaves the window's style alone.
+void applyBackColor(const Control& control, QWidget& widget) {
+    const int32_t color = control.backColor();
+    if (color == kSystemBackColor) {
+        widget.setStyleSheet(QString());
+        return;
+    }
+    const int red = color & 0xFF, green = (color >> 8) & 0xFF, blue = (color >> 16) & 0xFF;
+    const bool dark = red * 299 + green * 587 + blue * 114 < 128000;
+    widget.setStyleSheet(QStringLiteral("background-color: rgb(%1,%2,%3); color: %4;")
+                             .arg(red)
+                             .arg(green)
+                             .arg(blue)
+                             .arg(dark ? QStringLiteral("#ffffff") : QStringLiteral("#101820")));
+}
 
 void applyCommon(const Control& control, QWidget& widget, Prop prop) {
     switch (prop) {
     case Prop::Enabled: widget.setEnabled(control.enabled()); break;
     case Prop::Visible: widget.setVisible(control.visible()); break;
     case Prop::ToolTip: widget.setToolTip(QString::fromStdString(control.toolTip())); break;
+    case Prop::BackColor: applyBackColor(control, widget); break;
     case Prop::Geometry: {
         const Geometry& g = control.geometry();
         if (!widget.isWindow() && g.width > 0 && g.height > 0) widget.setGeometry(g.left, g.top, g.width, g.height);

@@ -33,8 +33,15 @@ void GuardedApplication::reportFailure(const std::string& message) {
 void GuardedApplication::endWithMessage(const std::string& message) {
     if (failed_) return;
     failed_ = true;
-    auto* box = new QMessageBox(QMessageBox::Critical, applicationDisplayName(),
-                                QStringLiteral("运行时错误：%1").arg(QString::fromStdString(message)));
+    QString text = QStringLiteral("运行时错误：%1").arg(QString::fromStdString(message));
+    std::string kept;
+    try {
+        if (beforeEnd_) kept = beforeEnd_();
+    } catch (...) {
+        // Saving is a courtesy: the program ends all the same.
+    }
+    if (!kept.empty()) text += QStringLiteral("\n\n") + QString::fromStdString(kept);
+    auto* box = new QMessageBox(QMessageBox::Critical, applicationDisplayName(), text);
     box->setAttribute(Qt::WA_DeleteOnClose);
     failureBox_ = box;
     box->exec();

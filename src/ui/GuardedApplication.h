@@ -17,6 +17,9 @@ public:
     // What to do with the message of a failure instead of the default ending.
     using FailureHandler = std::function<void(const std::string& message)>;
     void setFailureHandler(FailureHandler handler) { handler_ = std::move(handler); }
+    // Run once before the ending box: saves what it can of the user's work and
+    // returns the lines that say where, which the box shows under the failure.
+    void setBeforeFatalEnd(std::function<std::string()> save) { beforeEnd_ = std::move(save); }
     bool failed() const { return failed_; }
 
     bool notify(QObject* receiver, QEvent* event) override;
@@ -29,6 +32,7 @@ private:
     bool belongsToFailureBox(QObject* receiver) const;
 
     FailureHandler handler_;
+    std::function<std::string()> beforeEnd_;
     bool failed_ = false;
     QPointer<QWidget> failureBox_;
 };

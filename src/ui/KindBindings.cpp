@@ -220,11 +220,13 @@ ApplyChange bindLabel(Control& label, QWidget& widget) {
 
 ApplyChange bindScrollBar(ScrollBar& bar, QWidget& widget) {
     auto& slider = widgetAs<QAbstractSlider>(bar, widget);
-    auto number = [&bar](const char* prop) { return static_cast<int>(numericValue(bar.property(prop).value_or("0"))); };
-    slider.setRange(std::min(number("Min"), number("Max")), std::max(number("Min"), number("Max")));
     QObject::connect(&slider, &QAbstractSlider::valueChanged, &slider, [&bar](int value) { bar.setValue(value); });
+    // A range whose minimum is the larger runs the other way.
     return [&bar, &slider](Prop prop) {
-        if (prop == Prop::Value) slider.setValue(bar.value());
+        if (prop != Prop::Value) return;
+        slider.setInvertedAppearance(bar.min() > bar.max());
+        slider.setRange(std::min(bar.min(), bar.max()), std::max(bar.min(), bar.max()));
+        slider.setValue(bar.value());
     };
 }
 

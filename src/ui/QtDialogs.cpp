@@ -1,5 +1,6 @@
 #include "ui/QtDialogs.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QStringList>
@@ -7,6 +8,12 @@
 #include "ui/TextConversion.h"
 
 namespace tessaly {
+
+QWidget* QtDialogs::parentWindow() const {
+    if (parent_ && parent_->isVisible()) return parent_.data();
+    if (QWidget* active = QApplication::activeWindow()) return active;
+    return parent_.data();
+}
 
 QString qtFileFilter(const std::string& filter) {
     const QStringList parts = QString::fromStdString(filter).split(QLatin1Char('|'));
@@ -29,20 +36,20 @@ std::optional<std::string> QtDialogs::chosen(const QString& path) {
 }
 
 std::optional<std::string> QtDialogs::openFile(const std::string& filter, const std::string& startFolder) {
-    return chosen(QFileDialog::getOpenFileName(parent_.data(), QStringLiteral("打开"),
+    return chosen(QFileDialog::getOpenFileName(parentWindow(), QStringLiteral("打开"),
                                                QString::fromStdString(startFolder), qtFileFilter(filter)));
 }
 
 std::optional<std::string> QtDialogs::saveFile(const std::string& filter, const std::string& startFolder) {
     // QFileDialog asks before it replaces an existing file.
-    return chosen(QFileDialog::getSaveFileName(parent_.data(), QStringLiteral("保存"),
+    return chosen(QFileDialog::getSaveFileName(parentWindow(), QStringLiteral("保存"),
                                                QString::fromStdString(startFolder), qtFileFilter(filter)));
 }
 
 std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const std::string& title,
                                                const std::string& defaultText) {
     bool ok = false;
-    QString text = QInputDialog::getText(parent_.data(), QString::fromStdString(title), toWidgetText(prompt),
+    QString text = QInputDialog::getText(parentWindow(), QString::fromStdString(title), toWidgetText(prompt),
                                          QLineEdit::Normal, toWidgetText(defaultText), &ok);
     if (!ok) return std::nullopt;
     return toModelText(text);

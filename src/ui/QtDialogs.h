@@ -20,6 +20,9 @@ public:
 private:
     std::optional<std::string> chosen(const QString& path);
 
+    // The window given, or the active one while that is hidden (the editor
+    // replaces the main window on the screen).
+    QWidget* parentWindow() const;
     QPointer<QWidget> parent_;
 };
 

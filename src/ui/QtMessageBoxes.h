@@ -17,6 +17,9 @@ public:
     void plainBox(const std::string& text) override;
 
 private:
+    // The window given, or the active one while that is hidden (the editor
+    // replaces the main window on the screen).
+    QWidget* parentWindow() const;
     QPointer<QWidget> parent_;
 };
 

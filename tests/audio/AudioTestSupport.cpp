@@ -6,6 +6,9 @@
 #include <atomic>
 #include <cmath>
 #include <numbers>
+#include <sstream>
+
+#include "app/script/ScriptDriver.h"
 
 namespace tessaly::audio::testing {
 
@@ -21,11 +24,61 @@ TempFolder::~TempFolder() {
     std::filesystem::remove_all(path_, ec);
 }
 
+std::vector<float> readWav(const std::string& path, int& rate) {
+    SF_INFO info{};
+    SNDFILE* file = sf_open(path.c_str(), SFM_READ, &info);
+    EXPECT_NE(file, nullptr) << path;
+    if (!file) return {};
+    std::vector<float> frames(static_cast<std::size_t>(info.frames * info.channels));
+    sf_readf_float(file, frames.data(), info.frames);
+    sf_close(file);
+    rate = info.samplerate;
+    EXPECT_EQ(info.channels, 2);
+    return frames;
+}
+
+std::vector<float> renderScript(const std::string& script, int& rate) {
+    TempFolder folder;
+    ScriptOptions options;
+    options.synth = true;
+    options.soundFont = kTestSoundFont;
+    options.wavPath = folder.file("take.wav");
+    options.appDir = folder.file("app");
+    std::ostringstream out;
+    {
+        ScriptDriver driver(options, out);
+        std::istringstream in(script);
+        EXPECT_EQ(driver.run(in), 0) << out.str();
+    }
+    return readWav(options.wavPath, rate);
+}
+
 void writeSineWav(const std::string& path, double hz, int sampleRate, int channels, double seconds, double amplitude) {
+    writeSineFile(path, SF_FORMAT_WAV | SF_FORMAT_PCM_16, hz, sampleRate, channels, seconds, amplitude);
+}
+
+SoundFile readSound(const std::string& path) {
+    SoundFile sound;
+    SF_INFO info{};
+    SNDFILE* file = sf_open(path.c_str(), SFM_READ, &info);
+    EXPECT_NE(file, nullptr) << path << ": " << sf_strerror(nullptr);
+    if (!file) return sound;
+    sound.rate = info.samplerate;
+    sound.channels = info.channels;
+    sound.format = info.format;
+    sound.samples.resize(static_cast<std::size_t>(info.frames * info.channels));
+    const sf_count_t got = sf_readf_float(file, sound.samples.data(), info.frames);
+    sound.samples.resize(static_cast<std::size_t>(got * info.channels));
+    sf_close(file);
+    return sound;
+}
+
+void writeSineFile(const std::string& path, int format, double hz, int sampleRate, int channels, double seconds,
+                   double amplitude) {
     SF_INFO info{};
     info.samplerate = sampleRate;
     info.channels = channels;
-    info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
+    info.format = format;
     SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
     ASSERT_NE(file, nullptr) << sf_strerror(nullptr);
     const auto frames = static_cast<std::size_t>(seconds * sampleRate);

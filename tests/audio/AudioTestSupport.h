@@ -56,7 +56,25 @@ private:
     std::filesystem::path path_;
 };
 
+// A 16-bit stereo WAV as interleaved frames; rate gets its sample rate.
+std::vector<float> readWav(const std::string& path, int& rate);
+
+// Runs a driver script with the real synthesizer (the small SoundFont) in a
+// fresh data folder and returns everything rendered, from virtual time 0.
+std::vector<float> renderScript(const std::string& script, int& rate);
+
 // A sine tone WAV of the given rate and channel count, 16-bit.
 void writeSineWav(const std::string& path, double hz, int sampleRate, int channels, double seconds, double amplitude);
+// The same in any format libsndfile writes (SF_FORMAT_... major and subtype).
+void writeSineFile(const std::string& path, int format, double hz, int sampleRate, int channels, double seconds,
+                   double amplitude);
+
+// A whole sound file as interleaved floats, with what its header says.
+struct SoundFile {
+    int rate = 0, channels = 0, format = 0;
+    std::vector<float> samples;
+    std::size_t frames() const { return channels ? samples.size() / static_cast<std::size_t>(channels) : 0; }
+};
+SoundFile readSound(const std::string& path);
 
 }  // namespace tessaly::audio::testing

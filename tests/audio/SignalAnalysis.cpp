@@ -19,6 +19,16 @@ double rms(const std::vector<float>& samples) {
     return std::sqrt(sum / static_cast<double>(samples.size()));
 }
 
+std::vector<std::size_t> sineBreaks(const std::vector<float>& mono, double hz, int sampleRate, double tolerance) {
+    const double twoCos = 2.0 * std::cos(2.0 * 3.14159265358979323846 * hz / sampleRate);
+    std::vector<std::size_t> breaks;
+    for (std::size_t n = 1; n + 1 < mono.size(); ++n) {
+        const double residual = static_cast<double>(mono[n - 1]) + mono[n + 1] - twoCos * mono[n];
+        if (std::fabs(residual) > tolerance) breaks.push_back(n);
+    }
+    return breaks;
+}
+
 float peak(const std::vector<float>& samples) {
     float p = 0.0f;
     for (float s : samples) p = std::max(p, std::fabs(s));

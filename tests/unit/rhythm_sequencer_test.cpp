@@ -19,6 +19,8 @@ const std::string kPattern =
 
 struct SequencerHarness : Harness {
     SequencerHarness() {
+        // The chord layers off: their strums would move the drums on.
+        for (ComboBox* layer : {&app->form1.Combo1, &app->form1.Combo2, &app->form1.Combo3}) layer->setListIndex(0);
         app->state.RhythmFileText = kPattern;
         app->rhythmFiles.OpenJZwj();
         midiPort.take();

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "runtime/Arithmetic.h"
+#include "runtime/ChunkedTable.h"
 #include "runtime/FixedTable.h"
 #include "runtime/Text.h"
 
@@ -82,4 +83,30 @@ TEST(Text, CountsCharactersNotBytes) {
     EXPECT_EQ(charSubstr(text, 3), "C");
     EXPECT_EQ(charSubstr(text, 9), "");
     EXPECT_EQ(byteOffsetOfChar(text, 2), 6u);
+}
+
+TEST(ChunkedTable, BoundsAreFixedWhileStorageGrowsAndStaysPut) {
+    ChunkedTable2<std::string, 9999, 16> tokens;
+    std::string& first = tokens(0, 0);
+    first = "KC";
+    EXPECT_EQ(tokens(9999, 16), "");  // untouched entries read as empty
+    tokens(9999, 16) = "O";
+    // Touching far rows made new chunks; the first entry did not move.
+    EXPECT_EQ(&first, &tokens(0, 0));
+    EXPECT_EQ(tokens(0, 0), "KC");
+    EXPECT_THROW(tokens(10000, 0), FatalFailure);
+    EXPECT_THROW(tokens(0, 17), FatalFailure);
+    EXPECT_THROW(tokens(-1, 0), FatalFailure);
+    ChunkedTable2<int16_t, 9999, 16> codes;
+    EXPECT_EQ(codes(5000, 3), 0);
+}
+
+TEST(Text, ExactNumericValueTakesOnlyANumber) {
+    EXPECT_EQ(exactNumericValue(" 12 "), 12.0);
+    EXPECT_EQ(exactNumericValue("-3.5"), -3.5);
+    EXPECT_EQ(exactNumericValue("1E2"), 100.0);
+    EXPECT_EQ(exactNumericValue("&H1F"), 31.0);
+    EXPECT_EQ(exactNumericValue(".5"), 0.5);
+    for (const char* text : {"", "   ", "abc", "12abc", "1 2", "-", "1E", "&H", "&HG", "0x10", "inf", "nan"})
+        EXPECT_FALSE(exactNumericValue(text)) << text;
 }

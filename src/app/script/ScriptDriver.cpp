@@ -8,10 +8,12 @@
 #include <stdexcept>
 #include <vector>
 
+#include "app/script/EditorRecorderStandIn.h"
 #include "app/script/SynthRendering.h"
 #include "forms/Controls.h"
 #include "runtime/FatalFailure.h"
 #include "score/ScoreFiles.h"
+#include "shell/FatalEndSaves.h"
 #include "shell/Instrument.h"
 
 namespace tessaly {
@@ -78,7 +80,7 @@ ScriptDriver::ScriptDriver(ScriptOptions options, std::ostream& out)
       midi_(loop_, synth_ && options_.synth ? &synth_->midi() : nullptr),
       wave_(log_, synth_ ? &synth_->wave() : nullptr),
       boxes_(log_),
-      mci_(log_),
+      mci_(log_, synth_ && options_.synth ? &synth_->mci() : nullptr),
       platform_{loop_, midi_, wave_, boxes_, instanceLock_, mci_, &dialogs_} {
     instrument_ = std::make_unique<Instrument>(platform_, appDir_, options_.shippedData);
     logFormVisibility();
@@ -110,6 +112,7 @@ void ScriptDriver::runUntilMainWindowActive() {
 }
 
 ScriptDriver::~ScriptDriver() {
+    editorRecorder_.reset();
     instrument_.reset();
     synth_.reset();
     if (ownsAppDir_) {
@@ -132,7 +135,10 @@ int ScriptDriver::run(std::istream& script) {
                 return instrument_->exitStatus();
             }
         } catch (const FatalFailure& failure) {
-            out_ << "fatal " << failure.what() << "\n";
+            // The user's work is saved first, and the message says where,
+            // relative to the data folder so that a run prints the same.
+            std::string kept = savedWorkText(instrument_->fatalEndSaves.runAll(), instrument_->appDir());
+            out_ << "fatal " << failure.what() << (kept.empty() ? "" : "。" + escapeValue(kept)) << "\n";
             return 3;
         } catch (const ScriptError& error) {
             out_ << "error: " << error.what() << " in: " << line << "\n";
@@ -213,6 +219,14 @@ bool ScriptDriver::execute(const std::string& line) {
         dialogs_.queueFileAnswer(rest == "cancel" ? std::nullopt : std::optional<std::string>(path.string()));
     } else if (command == "input") {
         dialogs_.queueInputAnswer(rest == "cancel" ? std::nullopt : std::optional<std::string>(rest));
+    } else if (command == "editor-recorder") {
+        // Until the editor window holds it, the editor's recorder stands on a form of its own.
+        if (!editorRecorder_) editorRecorder_ = std::make_unique<EditorRecorderStandIn>(*instrument_);
+    } else if (command == "mci") {
+        if (rest != "end") throw ScriptError("mci end");
+        // With the engine behind it a file ends by itself.
+        if (options_.synth) throw ScriptError("mci end needs the recorder's model, not --synth");
+        mci_.endOfFile();
     } else if (command == "quit") {
         instrument_->close();
     } else {
@@ -228,7 +242,13 @@ void ScriptDriver::printMidi() {
 }
 
 void ScriptDriver::printEvents() {
-    for (const std::string& line : log_.take()) out_ << escapeValue(line) << "\n";
+    // The data folder is a fresh one each run: it prints by name.
+    const std::string folder = appDir_ + "/";
+    for (std::string line : log_.take()) {
+        for (std::size_t at = line.find(folder); at != std::string::npos; at = line.find(folder, at))
+            line.replace(at, folder.size(), "$APPDIR/");
+        out_ << escapeValue(line) << "\n";
+    }
 }
 
 }  // namespace tessaly

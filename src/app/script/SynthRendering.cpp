@@ -1,5 +1,6 @@
 #include "app/script/SynthRendering.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace tessaly {
@@ -11,8 +12,10 @@ SynthRendering::SynthRendering(const EventLoop& clock, const std::string& appDir
       engine_(audio::AudioEngineOptions{audio::AudioOutput::Offline}),
       synth_(engine_, {appDir, soundFont}),
       effects_(engine_),
+      recorder_(engine_.mixer()),
       midi_(*this, synth_),
-      wave_(*this, effects_) {
+      wave_(*this, effects_),
+      mci_(*this, recorder_) {
     if (!wavPath.empty() && !writer_.open(wavPath)) throw std::runtime_error("cannot write " + wavPath);
     renderer_ = std::make_unique<audio::OfflineRenderer>(engine_, wavPath.empty() ? nullptr : &writer_);
 }
@@ -26,7 +29,17 @@ void SynthRendering::catchUp() {
     uint32_t now = clock_.nowMs();
     elapsedMs_ += static_cast<uint32_t>(now - lastClock_);
     lastClock_ = now;
-    renderer_->renderUntilMs(elapsedMs_);
+    uint64_t rendered = renderer_->renderedFrames() / audio::kFramesPerMs;
+    while (rendered < elapsedMs_) {
+        rendered = std::min<uint64_t>(rendered + audio::MciDevice::kServiceMs, elapsedMs_);
+        renderer_->renderUntilMs(rendered);
+        recorder_.service();
+    }
+}
+
+MciResult SynthRendering::SteppedMci::execute(const std::string& command) {
+    owner_.catchUp();
+    return inner_.execute(command);
 }
 
 int SynthRendering::SteppedMidi::close(uint32_t handle) {

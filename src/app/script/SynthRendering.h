@@ -8,15 +8,18 @@
 #include "platform/WaveOut.h"
 #include "platform/audio/AudioEngine.h"
 #include "platform/audio/EngineWaveOut.h"
+#include "platform/audio/MciDevice.h"
 #include "platform/audio/OfflineRenderer.h"
 #include "platform/audio/SystemMidiPort.h"
 #include "platform/audio/WavFileWriter.h"
 
 namespace tessaly {
 
-// The built-in synthesizer and the effect voice rendered offline in step with
-// virtual time: before anything reaches the engine, what it had to play up to
-// the current millisecond is rendered, so each message sounds at its own time.
+// The built-in synthesizer, the effect voice and the recorder's device
+// rendered offline in step with virtual time: before anything reaches the
+// engine, what it had to play up to the current millisecond is rendered, so
+// each message sounds at its own time. The recorder's device moves its sound
+// between files and engine after every stretch of its service interval.
 class SynthRendering {
 public:
     // soundFont: a .sf2 to use instead of the usual search (empty: search).
@@ -26,6 +29,7 @@ public:
 
     MidiPort& midi() { return midi_; }
     WaveOut& wave() { return wave_; }
+    MciCommands& mci() { return mci_; }
     // Renders up to the clock's present.
     void catchUp();
 
@@ -54,6 +58,15 @@ private:
         SynthRendering& owner_;
         WaveOut& inner_;
     };
+    class SteppedMci : public MciCommands {
+    public:
+        SteppedMci(SynthRendering& owner, MciCommands& inner) : owner_(owner), inner_(inner) {}
+        MciResult execute(const std::string& command) override;
+
+    private:
+        SynthRendering& owner_;
+        MciCommands& inner_;
+    };
 
     const EventLoop& clock_;
     uint64_t elapsedMs_ = 0;  // the clock's milliseconds since the start, unwrapped
@@ -61,10 +74,12 @@ private:
     audio::AudioEngine engine_;
     audio::SystemMidiPort synth_;
     audio::EngineWaveOut effects_;
+    audio::MciDevice recorder_;
     audio::WavFileWriter writer_;
     std::unique_ptr<audio::OfflineRenderer> renderer_;
     SteppedMidi midi_;
     SteppedWave wave_;
+    SteppedMci mci_;
 };
 
 }  // namespace tessaly

@@ -50,6 +50,7 @@ void Mixer::render(float* out, int frames) {
     const float gain[kChannels] = {static_cast<float>(word & 0xFFFF) / 65535.0f,
                                    static_cast<float>(word >> 16) / 65535.0f};
     for (std::size_t i = 0; i < samples; ++i) out[i] = std::clamp(out[i] * gain[i % kChannels], -1.0f, 1.0f);
+    capture_.capture(out, frames);
 }
 
 }  // namespace tessaly::audio

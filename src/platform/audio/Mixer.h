@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "platform/audio/SpscQueue.h"
+#include "platform/audio/StreamVoice.h"
 #include "platform/audio/VoicePlayer.h"
 
 namespace tessaly::audio {
@@ -11,8 +12,9 @@ class BuiltInSynth;
 
 // The mixing code shared by the device callback, the silent sink and offline
 // rendering: the synthesizer, the effect voice and the file-playback voice,
-// under the master gain. Control-thread calls never wait for the renderer
-// except detachSynth(); render() takes no lock and allocates nothing.
+// under the master gain; the finished mix also goes to the recording tap.
+// Control-thread calls never wait for the renderer except the detach calls;
+// render() takes no lock and allocates nothing.
 class Mixer {
 public:
     static constexpr uint32_t kFullVolume = 0xFFFFFFFF;
@@ -30,8 +32,10 @@ public:
     uint32_t volumeWord() const { return volume_.load(std::memory_order_relaxed); }
 
     VoicePlayer& effectVoice() { return effect_; }
-    // The slot for file playback (the recorder's player).
-    VoicePlayer& playbackVoice() { return playback_; }
+    // The slot for file playback (the recorder's player), streamed.
+    StreamVoice& playbackVoice() { return playback_; }
+    // Where the recorder takes what is heard.
+    CaptureTap& captureTap() { return capture_; }
 
     // Rendering thread: writes interleaved stereo frames.
     void render(float* out, int frames);
@@ -49,7 +53,8 @@ private:
     std::atomic<bool> rendering_{false};
     std::atomic<uint32_t> volume_{kFullVolume};
     VoicePlayer effect_;
-    VoicePlayer playback_;
+    StreamVoice playback_;
+    CaptureTap capture_;
 };
 
 }  // namespace tessaly::audio

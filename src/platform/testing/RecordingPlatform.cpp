@@ -66,9 +66,9 @@ void RecordingMessageBoxes::plainBox(const std::string& text) {
     log_.add("box |" + text);
 }
 
-std::string RecordingMciCommands::send(const std::string& command) {
+MciResult RecordingMciCommands::execute(const std::string& command) {
     log_.add("mci " + command);
-    return {};
+    return inner_ ? inner_->execute(command) : modelled_.execute(command);
 }
 
 }  // namespace tessaly

@@ -8,7 +8,9 @@
 #include "platform/MessageBoxes.h"
 #include "platform/MidiPort.h"
 #include "platform/WaveOut.h"
+#include "platform/MciInterpreter.h"
 #include "platform/testing/EventLog.h"
+#include "platform/testing/ModelMciBackend.h"
 
 namespace tessaly {
 
@@ -72,14 +74,21 @@ private:
     EventLog& log_;
 };
 
-// Records every recorder command as "mci COMMAND" and replies nothing.
+// Records every recorder command as "mci COMMAND". Given an inner recorder
+// (the audio engine rendering offline), the commands go to it; otherwise a
+// model of the device answers them without sound.
 class RecordingMciCommands : public MciCommands {
 public:
-    explicit RecordingMciCommands(EventLog& log) : log_(log) {}
-    std::string send(const std::string& command) override;
+    explicit RecordingMciCommands(EventLog& log, MciCommands* inner = nullptr) : log_(log), inner_(inner) {}
+    MciResult execute(const std::string& command) override;
+    // The model's file comes to its end (an inner recorder ends by itself).
+    void endOfFile() { model_.endOfFile(); }
 
 private:
     EventLog& log_;
+    MciCommands* inner_;
+    ModelMciBackend model_;
+    MciInterpreter modelled_{model_};
 };
 
 }  // namespace tessaly

@@ -12,15 +12,16 @@ std::optional<std::string> ScriptedDialogs::answerFile(Request request) {
 }
 
 std::optional<std::string> ScriptedDialogs::openFile(const std::string& filter, const std::string& startFolder) {
-    return answerFile({"open", filter, startFolder});
+    return answerFile({"open", filter, startFolder, {}, {}});
 }
 
 std::optional<std::string> ScriptedDialogs::saveFile(const std::string& filter, const std::string& startFolder) {
-    return answerFile({"save", filter, startFolder});
+    return answerFile({"save", filter, startFolder, {}, {}});
 }
 
-std::optional<std::string> ScriptedDialogs::inputBox(const std::string&, const std::string&, const std::string&) {
-    lastRequest_ = Request{"input", {}, {}};
+std::optional<std::string> ScriptedDialogs::inputBox(const std::string& prompt, const std::string& title,
+                                                     const std::string&) {
+    lastRequest_ = Request{"input", {}, {}, prompt, title};
     if (inputAnswers_.empty()) return std::nullopt;
     std::optional<std::string> answer = std::move(inputAnswers_.front());
     inputAnswers_.pop_front();

@@ -23,6 +23,7 @@ public:
     struct Request {
         std::string kind;  // "open", "save" or "input"
         std::string filter, startFolder;
+        std::string prompt, title;  // of an input box
     };
     const std::optional<Request>& lastRequest() const { return lastRequest_; }
 

@@ -1,0 +1,62 @@
+#pragma once
+#include <QPointer>
+#include <QWidget>
+#include <map>
+#include <utility>
+
+#include "ui/ControlBinder.h"
+
+class QCheckBox;
+
+namespace tessaly {
+
+class EditorWindow;
+
+// The music editor on the screen: a widget for each control of its model,
+// the percussion boxes made and dropped as the model loads and unloads them.
+class EditorView : public QWidget {
+public:
+    explicit EditorView(EditorWindow& model);
+    ~EditorView() override;
+
+    ControlBinder& binder() { return binder_; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void buildBar();
+    void buildSettings();
+    void buildCommands();
+    void addCaption(const char* text, const QRect& place, QWidget& parent);
+    void stepLoaded(int row, long index);
+    void stepUnloaded(int row, long index);
+    void centreOnScreen();
+    template <typename W>
+    W& make(Control& control, QWidget& parent, const char* objectName = nullptr);
+
+    EditorWindow& model_;
+    ControlBinder binder_;
+    QWidget* grid_ = nullptr;
+    std::map<std::pair<int, long>, QPointer<QCheckBox>> steps_;
+    int stepObserver_ = 0;
+    int formObserver_ = 0;
+};
+
+// Keeps an editor view on the screen while the editor's window is shown: made
+// when the window shows, dropped when it hides (its controls are made afresh
+// at the next opening).
+class EditorViewHost {
+public:
+    explicit EditorViewHost(EditorWindow& model);
+    ~EditorViewHost();
+    EditorView* view() const { return view_.data(); }
+
+private:
+    EditorWindow& model_;
+    QPointer<EditorView> view_;
+    int observer_ = 0;
+};
+
+}  // namespace tessaly

@@ -1,0 +1,79 @@
+#!/usr/bin/env bash
+# The recorder of the real program under Xvfb, with SDL's disk audio driver:
+# a click on the circle records, the key G plays a note, the square stops,
+# the save button's dialog takes a name, and the take is a 16-bit 44100 Hz
+# stereo WAV with the note in it. The triangle then plays the take back,
+# and the audio written meanwhile is loud.
+# Usage: record_and_play.sh TESSALY RAW_PEAK
+set -euo pipefail
+app="$1"
+raw_peak="$2"
+work="$(mktemp -d)"
+trap 'kill "$pid" 2>/dev/null || true; wait "$pid" 2>/dev/null || true; rm -rf "$work"' EXIT
+
+export TESSALY_APPDIR="$work/app"
+export TESSALY_SOUNDFONT=/usr/share/sounds/sf2/TimGM6mb.sf2
+export SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE="$work/out.raw"
+export XDG_RUNTIME_DIR="$work/run" && mkdir -m 700 "$work/run"
+export TMPDIR="$work"
+
+"$app" >"$work/app.log" 2>&1 &
+pid=$!
+
+window=""
+for _ in $(seq 1 100); do
+  window="$(xdotool search --onlyvisible --name '^Tessaly201705$' 2>/dev/null | head -1 || true)"
+  [ -n "$window" ] && break
+  sleep 0.2
+done
+if [ -z "$window" ]; then
+  echo "the main window never showed"; cat "$work/app.log"; exit 1
+fi
+xdotool windowfocus --sync "$window"
+sleep 1
+
+# The row beside the tabs: triangle, square, circle, save (window pixels).
+click() { xdotool mousemove --window "$window" "$1" "$2" click 1; }
+click 514 20   # circle: record
+sleep 0.3
+xdotool key g
+sleep 1.2
+xdotool key space   # the performance ends: the note stops
+sleep 0.5
+click 482 20   # square: stop
+sleep 0.3
+click 563 20   # save: the dialog asks for a name
+sleep 1.5
+xdotool type --delay 20 "$work/take.mp3"
+xdotool key Return
+for _ in $(seq 1 50); do [ -f "$work/take.wav" ] && break; sleep 0.2; done
+if [ ! -f "$work/take.wav" ]; then
+  echo "no take was saved"; cat "$work/app.log"; exit 1
+fi
+python3 - "$work/take.wav" <<'PY'
+import array, sys, wave
+with wave.open(sys.argv[1]) as w:
+    print("take:", w.getnchannels(), "channels,", 8 * w.getsampwidth(), "bits,", w.getframerate(), "Hz,",
+          w.getnframes(), "frames")
+    assert (w.getnchannels(), w.getsampwidth(), w.getframerate()) == (2, 2, 44100)
+    samples = array.array("h", w.readframes(w.getnframes()))
+peak = max(abs(s) for s in samples) / 32768
+print("take peak:", peak)
+assert w.getnframes() > 44100 and peak > 0.02
+PY
+
+# The triangle plays the take back beside the instrument, long after the
+# note's own sound has died away.
+xdotool windowfocus --sync "$window"
+sleep 3
+click 450 20   # triangle: open and play
+sleep 1.5
+before=$(stat -c %s "$work/out.raw")
+quietFrom=$((before - 4 * 2 * 48000))
+xdotool type --delay 20 "$work/take.wav"
+xdotool key Return
+sleep 1.2
+read -r _ quiet < <(head -c "$before" "$work/out.raw" | "$raw_peak" /dev/stdin "$quietFrom")
+read -r _ loud < <("$raw_peak" "$work/out.raw" "$before")
+echo "peak in the second before playing: $quiet, while playing: $loud"
+awk -v q="$quiet" -v l="$loud" 'BEGIN { exit !(q < 0.001 && l > 0.02) }'

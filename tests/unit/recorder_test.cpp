@@ -1,0 +1,105 @@
+#include <gtest/gtest.h>
+
+#include "Harness.h"
+#include "forms/EditorRecorderPanel.h"
+#include "recorder/EditorRecorder.h"
+#include "recorder/MainRecorder.h"
+#include "recorder/RecorderCommands.h"
+#include "runtime/FatalFailure.h"
+
+using namespace tessaly;
+using tessaly::testing::Harness;
+
+TEST(RecorderNames, TheTypeFollowsTheLastThreeCharactersWithTheirCase) {
+    EXPECT_EQ(deviceTypeOf("/home/me/歌.wav"), "WaveAudio");
+    EXPECT_EQ(deviceTypeOf("/home/me/歌.mp3"), "MPEGVideo");
+    EXPECT_EQ(deviceTypeOf("/home/me/歌.WAV"), "");
+    EXPECT_EQ(deviceTypeOf("/home/me/歌.Mp3"), "");
+    EXPECT_EQ(deviceTypeOf("/home/me/歌.ogg"), "");
+    // No dot needed, and characters are counted, not bytes.
+    EXPECT_EQ(deviceTypeOf("录音wav"), "WaveAudio");
+    EXPECT_EQ(deviceTypeOf("wav"), "WaveAudio");
+    EXPECT_EQ(deviceTypeOf("av"), "");
+}
+
+TEST(RecorderNames, TheMainWindowSavesUnderAWavName) {
+    EXPECT_EQ(mainWindowTakeName("/home/me/歌.mp3"), "/home/me/歌.wav");
+    EXPECT_EQ(mainWindowTakeName("/home/me/歌.wav"), "/home/me/歌.wav");
+    EXPECT_EQ(mainWindowTakeName("/home/me/歌.flac"), "/home/me/歌.flac.wav");
+    EXPECT_EQ(mainWindowTakeName("/home/me/歌"), "/home/me/歌.wav");
+    // The fourth character from the end, counted in characters.
+    EXPECT_EQ(mainWindowTakeName("演.奏录音"), "演.wav");
+    EXPECT_EQ(mainWindowTakeName("演奏.录音"), "演奏.录音.wav");
+    EXPECT_EQ(mainWindowTakeName("a.wa"), "a.wa.wav");
+    EXPECT_THROW(mainWindowTakeName("abc"), FatalFailure);
+}
+
+TEST(RecorderNames, ElapsedTimeAsAClock) {
+    EXPECT_EQ(elapsedClockText(0), "00:00:00");
+    EXPECT_EQ(elapsedClockText(999), "00:00:00");
+    EXPECT_EQ(elapsedClockText(3'661'000), "01:01:01");
+    EXPECT_EQ(elapsedClockText(25u * 3'600'000u + 59'000u), "01:00:59");
+}
+
+namespace {
+
+// The editor's recorder on a stand-in form of the program, with the
+// recorder's model answering the commands.
+struct EditorStandIn {
+    Harness h;
+    RecordingMciCommands mci{h.log};
+    ScriptedDialogs dialogs;
+    Platform platform{h.loop, h.midiPort, h.wave, h.boxes, noInstanceLock(), mci, &dialogs};
+    Form form{h.app->controls, h.loop, "StandIn"};
+    EditorRecorderPanel panel{form};
+    EditorRecorder recorder{platform, h.app->state, h.app->recorderState.editor, panel, dialogs};
+
+    EditorStandIn() {
+        recorder.wire();
+        form.onLoad = [this] { recorder.Form_Load(); };
+        form.load();
+        h.log.take();
+    }
+};
+
+}  // namespace
+
+TEST(EditorRecorder, ASaveThatCannotBeWrittenLeavesTheTimeRunning) {
+    EditorStandIn e;
+    e.panel.LUYINJI[2].userClick();
+    e.h.loop.advance(2000);
+    e.dialogs.queueFileAnswer((e.h.appDir / "没有/take.wav").string());
+    e.panel.LUYINJI[3].userClick();
+    EXPECT_TRUE(e.panel.Lyjsj.timerEnabled());
+    EXPECT_EQ(e.h.app->recorderState.editor.RecordSeconds, 2);
+    const auto lines = e.h.log.take();
+    EXPECT_EQ(lines.back(), "mci save NN " + (e.h.appDir / "没有/take.wav").string()) << "no close after it";
+    // The save option stays chosen, so it takes another option before it
+    // answers again; the stop keeps the take. Elsewhere it saves.
+    e.panel.LUYINJI[3].userClick();
+    EXPECT_TRUE(e.h.log.take().empty());
+    e.panel.LUYINJI[1].userClick();
+    e.dialogs.queueFileAnswer((e.h.appDir / "take.wav").string());
+    e.panel.LUYINJI[3].userClick();
+    EXPECT_FALSE(e.panel.Lyjsj.timerEnabled());
+    EXPECT_TRUE(std::filesystem::exists(e.h.appDir / "take.wav"));
+}
+
+TEST(Recorders, DialogsAskWithTheirFiltersInTheScoresFolder) {
+    EditorStandIn e;
+    Instrument& app = *e.h.app;
+    const std::string folder = app.state.AppDir + "演奏记录";
+    auto asked = [](const ScriptedDialogs& dialogs) {
+        const auto& request = dialogs.lastRequest();
+        return request ? request->kind + " " + request->filter + " " + request->startFolder : std::string("none");
+    };
+    app.form1.recorderPanel.Image1[0].userClick();
+    EXPECT_EQ(asked(app.unansweredDialogs), "open 音频文件(wav;mp3)|*.wav;*.mp3 " + folder);
+    app.form1.recorderPanel.Image1[2].userClick();
+    app.form1.recorderPanel.BcLY.userClick();
+    EXPECT_EQ(asked(app.unansweredDialogs), "save 演奏录音(wav)|*.wav " + folder);
+    e.panel.LUYINJI[0].userClick();
+    EXPECT_EQ(asked(e.dialogs), "open 演奏录音(wav)|*.wav|音乐(mp3)|*.mp3 " + folder);
+    e.panel.LUYINJI[3].userClick();
+    EXPECT_EQ(asked(e.dialogs), "save 演奏录音(wav)|*.wav " + folder);
+}
