@@ -4,6 +4,7 @@
 #include "notation/KeyTables.h"
 #include "notation/NoteVocabulary.h"
 #include "chords/ChordRegistry.h"
+#include "score/ScoreRecovery.h"
 #include "shell/StateRegistry.h"
 
 namespace tessaly {
@@ -61,6 +62,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     form1.ComDevies.onClick = [this] { ComDevies_Click(); };
     form1.onLoad = [this] { Form_Load(); };
     form1.onActivate = [this] { Form_Activate(); };
+    fatalEndSaves.add([this] { return saveScoreForRecovery(state, form1); });
     fatalEndSaves.add([this] { return editor.saveForRecovery(); });
     registerVariables();
 }
