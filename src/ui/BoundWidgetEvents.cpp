@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWidget>
+#include <utility>
 
 #include "forms/Control.h"
 #include "forms/ControlSystem.h"
@@ -34,6 +35,12 @@ bool takesMouseItself(const Control& control) {
 }
 
 }  // namespace
+
+BoundWidgetEvents::BoundWidgetEvents(ControlBinder& binder) : binder_(binder) {
+    releaseTimer_.setSingleShot(true);
+    releaseTimer_.setInterval(kRepeatPressWaitMs);
+    connect(&releaseTimer_, &QTimer::timeout, this, [this] { deliverPendingRelease(); });
+}
 
 bool BoundWidgetEvents::eventFilter(QObject* watched, QEvent* event) {
     Control* control = binder_.controlOf(watched);
@@ -85,11 +92,41 @@ bool BoundWidgetEvents::key(Control& control, QObject* watched, QEvent* event) {
     if (!down && keyEvent->isAutoRepeat()) return keepsKeys;
     int code = virtualKeyOf(keyEvent->nativeScanCode(), keyEvent->key(),
                             keyEvent->modifiers().testFlag(Qt::KeypadModifier));
+    if (down && pendingRelease_) {
+        // Qt marks a repeat only when it finds the press already queued behind
+        // the release; on a busy machine it often is not. The server stamps
+        // both halves of a repeat with one time: such a pair is no release.
+        if (pendingRelease_->widget == watched && pendingRelease_->scanCode == keyEvent->nativeScanCode() &&
+            pendingRelease_->timestamp == keyEvent->timestamp()) {
+            pendingRelease_.reset();
+            releaseTimer_.stop();
+        } else {
+            deliverPendingRelease();
+        }
+    } else if (!down && pendingRelease_) {
+        deliverPendingRelease();
+    }
     if (code == 0 || !handler) return keepsKeys;
     auto keyCode = static_cast<int16_t>(code);
+    if (!down && keepsKeys) {
+        pendingRelease_ = PendingRelease{watched, keyCode, shiftOf(keyEvent->modifiers()), keyEvent->nativeScanCode(),
+                                         keyEvent->timestamp()};
+        releaseTimer_.start();
+        return true;
+    }
     handler(keyCode, shiftOf(keyEvent->modifiers()));
     // A handler that clears the code swallows the key.
     return keepsKeys || keyCode == 0;
+}
+
+void BoundWidgetEvents::deliverPendingRelease() {
+    releaseTimer_.stop();
+    std::optional<PendingRelease> release = std::exchange(pendingRelease_, std::nullopt);
+    if (!release || !release->widget) return;
+    Control* control = binder_.controlOf(release->widget);
+    if (!control || !control->onKeyUp) return;
+    int16_t keyCode = release->keyCode;
+    control->onKeyUp(keyCode, release->shift);
 }
 
 void BoundWidgetEvents::mouse(Control& control, QObject* watched, QEvent* event) {
