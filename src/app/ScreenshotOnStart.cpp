@@ -70,10 +70,16 @@ void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& w
             QTimer::singleShot(kRhythmRunMs, &main, [&main, path] { save(main.grab(), path); });
         });
     } else {
-        const bool shortcuts = of == QLatin1String("shortcuts");
-        whenMainWindowIsUp(instrument, main, [&instrument, &main, path, shortcuts] {
-            if (shortcuts) instrument.form1.Xxk[5].userClick();
-            QTimer::singleShot(kSettleMs, &main, [&main, path] { save(main.grab(), path); });
+        whenMainWindowIsUp(instrument, main, [&instrument, &main, path, of] {
+            MainWindow& form = instrument.form1;
+            if (of == QLatin1String("shortcuts")) form.Xxk[5].userClick();
+            if (of == QLatin1String("help")) form.Xxk[4].userClick();
+            if (of == QLatin1String("keymap")) form.statusArea.Image3.userClick();
+            if (of == QLatin1String("small")) form.userClick();
+            // The small window is framed by the screen around it.
+            const bool framed = of == QLatin1String("small");
+            QTimer::singleShot(kSettleMs, &main,
+                               [&main, path, framed] { save(framed ? screenAround(main) : main.grab(), path); });
         });
     }
 }

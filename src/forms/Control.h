@@ -16,7 +16,7 @@ enum class ControlKind {
 };
 
 // What changed on a control, for the views that draw it.
-enum class Prop { Value, Caption, Text, Selection, ListIndex, Items, Enabled, Visible, ToolTip, Geometry, Picture, Timer, BackColor };
+enum class Prop { Value, Caption, Text, Selection, ListIndex, Items, Enabled, Visible, ToolTip, Geometry, Picture, Timer, BackColor, Backdrop };
 
 struct Geometry {
     int left = 0, top = 0, width = 0, height = 0;

@@ -44,7 +44,9 @@ MainWindow::MainWindow(ControlSystem& system, EventLoop& loop)
       File2(add<FileListBox>("File2")),
       BCSZ(add<Button>("BCSZ")),
       Command1(add<Button>("Command1")),
-      rhythmPage(*this) {
+      rhythmPage(*this),
+      helpPage(*this),
+      statusArea(*this) {
     setCaption("Tessaly201705");
 
     SFYXYZ.setCaption("键盘");
@@ -96,6 +98,9 @@ MainWindow::MainWindow(ControlSystem& system, EventLoop& loop)
     Xxk[0].setValue(true);
 
     Timer2.setInterval(1000);
+    const char* smallWindowTip = "在窗体空白处点击鼠标可以有效地缩小窗体，方便在桌面放置乐谱，再次点击即可恢复！";
+    Text3.setToolTip(smallWindowTip);
+    XSWB.setToolTip(smallWindowTip);
 
     addShortcutPage();
     Command1.setCaption("退出");

@@ -1,7 +1,9 @@
 #pragma once
 #include "forms/FileListBox.h"
 #include "forms/Form.h"
+#include "forms/HelpPage.h"
 #include "forms/RhythmPage.h"
+#include "forms/StatusArea.h"
 #include "forms/TabButton.h"
 
 namespace tessaly {
@@ -69,6 +71,9 @@ public:
 
     // The rhythm page's own controls
     RhythmPage rhythmPage;
+    // The help panel, and the status lines, key map and web buttons
+    HelpPage helpPage;
+    StatusArea statusArea;
 
 private:
     void addShortcutPage();

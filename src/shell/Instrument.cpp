@@ -24,6 +24,8 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       shortcuts(platform_, state, midi, form1, effects),
       startUp(*this),
       panels(form1),
+      help(form1),
+      windowShell(platform_, form1),
       dialogs(platform_.dialogs ? *platform_.dialogs : unansweredDialogs),
       rhythmFiles(platform_, state, midi, form1, dialogs),
       scorePlayer(platform_, state, midi, form1, accompaniment, chords, rhythmFiles, dialogs),
@@ -37,7 +39,11 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     shortcuts.wire();
     startUp.wire();
     panels.wire();
+    panels.setEntryAction(4, [this] { help.enterHelpTab(); });
+    panels.addSeeThroughBox(4, form1.helpPage.Text1);
     panels.setEntryAction(5, [this] { shortcuts.enterShortcutTab(); });
+    help.wire();
+    windowShell.wire();
     scorePlayer.wire();
     scorePanel.wire();
     rhythmFiles.wire();
@@ -52,7 +58,10 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
 
 Instrument::~Instrument() = default;
 
-void Instrument::registerVariables() { registerSharedState(controls, state, midi); }
+void Instrument::registerVariables() {
+    registerSharedState(controls, state, midi);
+    windowShell.registerVariables(controls);
+}
 
 void Instrument::start() { startUp.begin(); }
 
@@ -73,6 +82,7 @@ void Instrument::Form_Load() {
     if (form1.ComDevies.listCount() > 0) form1.ComDevies.setListIndex(0);
     const int16_t pans[8] = {64, 50, 78, 40, 88, 35, 93, 64};
     for (int channel = 0; channel < 8; ++channel) midi.ChannelPan[channel] = pans[channel];
+    form1.Text3.makeSeeThrough(580, 32);
     YFSZDY(state.keys);
     YFDHDY(state.keys);
     YFXSDY(state.keys);

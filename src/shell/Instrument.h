@@ -19,7 +19,9 @@
 #include "rhythm/RhythmSequencer.h"
 #include "shell/SettingsFile.h"
 #include "shell/StartUp.h"
+#include "shell/HelpPanel.h"
 #include "shell/MainPanels.h"
+#include "shell/MainWindowShell.h"
 #include "rhythm/RhythmFiles.h"
 #include "score/ScorePanel.h"
 #include "score/ScorePlayer.h"
@@ -76,6 +78,8 @@ public:
     ShortcutPage shortcuts;
     StartUp startUp;
     MainPanels panels;
+    HelpPanel help;
+    MainWindowShell windowShell;
     // Answers cancel to every dialog while the platform gives none.
     ScriptedDialogs unansweredDialogs;
     Dialogs& dialogs;

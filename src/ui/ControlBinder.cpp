@@ -13,7 +13,7 @@ namespace {
 // Every property, to show a control as it stands when it is bound.
 constexpr Prop kAllProps[] = {Prop::Items,   Prop::ListIndex, Prop::Value,   Prop::Caption,  Prop::Text,
                               Prop::Selection, Prop::Picture, Prop::ToolTip, Prop::Geometry, Prop::Enabled,
-                              Prop::Visible};
+                              Prop::Visible, Prop::Backdrop};
 
 void applyCommon(const Control& control, QWidget& widget, Prop prop) {
     switch (prop) {

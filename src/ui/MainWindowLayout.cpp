@@ -4,16 +4,18 @@
 
 #include "forms/MainWindow.h"
 #include "notation/NoteVocabulary.h"
+#include "ui/HelpPageView.h"
+#include "ui/StatusAreaView.h"
 
 namespace tessaly {
 
 namespace {
 
-constexpr int kFormWidth = 986, kFormHeight = 369;
+constexpr int kFormWidth = kFullWidth, kFormHeight = kFullHeight;
 constexpr QRect kPanelArea(8, 36, 564, 166);
 constexpr QRect kScoreArea(580, 36, 398, 166);
 constexpr int kScoreButtonHeight = 26;
-constexpr QRect kKeyboardArea(8, 262, 970, 102);
+constexpr QRect kKeyboardArea(8, 270, 970, 94);
 constexpr int kWhiteKeyWidth = 25, kBlackKeyWidth = 15;
 constexpr int kRowTop = 12, kRowStep = 36, kRowHeight = 26;
 
@@ -103,10 +105,12 @@ void placeMainWindowControls(MainWindow& form) {
     place(form.Command1, kFormWidth - 84, 6, 72, 28);
 
     place(form.SFYXYZ, 14, 212, 88, 40);
-    place(form.XSWB, 114, 206, 556, 52);
+    place(form.XSWB, 114, 206, 398, 52);
     place(form.FJWZ, 686, 210, 286, 20);
     place(form.Label1, 686, 234, 286, 20);
     placeKeyboard(form);
+    placeHelpPage(form);
+    placeStatusArea(form);
 }
 
 std::vector<QRect> mainWindowCards() { return {kPanelArea, kScoreArea, kKeyboardArea}; }

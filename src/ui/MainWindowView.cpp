@@ -12,12 +12,14 @@
 
 #include "forms/MainWindow.h"
 #include "notation/NoteVocabulary.h"
+#include "ui/HelpPageView.h"
 #include "ui/InstrumentStyle.h"
 #include "ui/KeyCapButton.h"
 #include "ui/MainWindowLayout.h"
 #include "ui/PictureView.h"
 #include "ui/RhythmPageView.h"
 #include "ui/Pictures.h"
+#include "ui/StatusAreaView.h"
 
 namespace tessaly {
 
@@ -32,6 +34,7 @@ MainWindowView::MainWindowView(MainWindow& model) : model_(model), binder_(model
         auto& view = make<PictureView>(*panel, *this, "panel");
         if (index == 0) buildMelodyPanel(view);
         if (index == 2) new RhythmPageView(view, model_, binder_);
+        if (index == 4) buildHelpPageView(view, model_, binder_);
         if (index == 5) buildShortcutPanel(view);
     }
 
@@ -52,6 +55,7 @@ MainWindowView::MainWindowView(MainWindow& model) : model_(model), binder_(model
     make<QLabel>(model_.Label1, *this, "muteStrip").setAlignment(Qt::AlignCenter);
     buildKeyboard();
     make<QPushButton>(model_.Command1, *this, "exitButton").setAutoDefault(false);
+    buildStatusAreaView(*this, model_, binder_);
 
     binder_.bind(model_, *this);
 }

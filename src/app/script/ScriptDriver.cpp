@@ -79,7 +79,10 @@ ScriptDriver::ScriptDriver(ScriptOptions options, std::ostream& out)
       wave_(log_, synth_ ? &synth_->wave() : nullptr),
       boxes_(log_),
       mci_(log_),
-      platform_{loop_, midi_, wave_, boxes_, instanceLock_, mci_, &dialogs_} {
+      urls_(log_),
+      // Every run's calendar starts at the same moment.
+      clock_(loop_, LocalTime{2017, 5, 20, 9, 30, 0}),
+      platform_{loop_, midi_, wave_, boxes_, instanceLock_, mci_, &dialogs_, urls_, clock_} {
     instrument_ = std::make_unique<Instrument>(platform_, appDir_, options_.shippedData);
     logFormVisibility();
 }
