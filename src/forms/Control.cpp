@@ -93,6 +93,14 @@ void Control::userClick() {
     clickAction();
 }
 
+void Control::userDragOver() {
+    if (enabled_ && visible_) fire(onDragOver);
+}
+
+void Control::userMouseMove(int button) {
+    if (enabled_ && visible_ && onMouseMove) onMouseMove(button, 0, 0, 0);
+}
+
 int Control::observe(Observer observer) {
     observers_.emplace_back(nextObserver_, std::move(observer));
     return nextObserver_++;

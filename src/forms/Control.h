@@ -61,6 +61,11 @@ public:
     // The user's click: focus first where it can go, then mouse down, mouse up
     // and the control's own click action.
     virtual void userClick();
+    // The pointer moves over the control, with the button held after a press
+    // on a drag source (a drag) or without (a move). A disabled or hidden
+    // control hears neither.
+    void userDragOver();
+    void userMouseMove(int button);
 
     // Events, set by the handlers of the logic.
     std::function<void()> onClick, onGotFocus, onLostFocus;

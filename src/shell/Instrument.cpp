@@ -18,6 +18,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       accompaniment(state, midi, form1, chords),
       effects(platform_, state, form1),
       keyboard(platform_, state, midi, form1, accompaniment, chords, effects),
+      mouse(state, midi, form1),
       DZQQD(controls, platform_.loop),
       Form3(controls, platform_.loop),
       settings(platform_, state, midi, form1),
@@ -36,6 +37,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
     keyboard.wire();
+    mouse.wire();
     shortcuts.wire();
     startUp.wire();
     panels.wire();
@@ -98,6 +100,10 @@ void Instrument::Form_Activate() {
     form1.SFYXYZ.setEnabled(true);
     form1.SFYXYZ.setFocus();
     form1.Label1.setVisible(false);
+    // The focus given above reaches the button only once the window is up, as
+    // its GotFocus, which shows the damper strip again: the keys and the strip
+    // are ready together.
+    if (form1.SFYXYZ.hasFocus()) keyboard.SFYXYZ_GotFocus();
     activated_ = true;
     form1.Timer2.setTimerEnabled(true);
     state.AutoSyncFlag = 0;

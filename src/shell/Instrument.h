@@ -11,6 +11,7 @@
 #include "midi/MidiOut.h"
 #include "performance/EffectKeys.h"
 #include "performance/KeyboardPlay.h"
+#include "performance/MousePlay.h"
 #include "performance/ShortcutPage.h"
 #include "platform/Platform.h"
 #include "platform/testing/ScriptedDialogs.h"
@@ -72,6 +73,7 @@ public:
     Accompaniment accompaniment;
     EffectKeys effects;
     KeyboardPlay keyboard;
+    MousePlay mouse;
     SplashWindow DZQQD;
     FarewellWindow Form3;
     SettingsFile settings;

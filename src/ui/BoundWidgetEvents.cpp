@@ -53,6 +53,7 @@ bool BoundWidgetEvents::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseMove:
+        if (drag(*control, event)) break;
         if (takesMouseItself(*control)) mouse(*control, watched, event);
         break;
     default: break;
@@ -117,6 +118,31 @@ bool BoundWidgetEvents::key(Control& control, QObject* watched, QEvent* event) {
     handler(keyCode, shiftOf(keyEvent->modifiers()));
     // A handler that clears the code swallows the key.
     return keepsKeys || keyCode == 0;
+}
+
+bool BoundWidgetEvents::drag(Control& control, QEvent* event) {
+    auto* mouseEvent = static_cast<QMouseEvent*>(event);
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        if (mouseEvent->button() != Qt::LeftButton || !control.onDragOver) return false;
+        dragging_ = true;
+        control.userDragOver();
+        return true;
+    case QEvent::MouseMove: {
+        if (!dragging_ || !(mouseEvent->buttons() & Qt::LeftButton)) return false;
+        // The pressed widget holds the mouse: find what lies under the pointer.
+        QWidget* under = QApplication::widgetAt(mouseEvent->globalPosition().toPoint());
+        Control* over = under ? binder_.owningControl(under) : nullptr;
+        if (over && over->onDragOver) over->userDragOver();
+        else if (over && over->onMouseMove) over->userMouseMove(1);
+        return true;
+    }
+    case QEvent::MouseButtonRelease:
+        if (!dragging_) return false;
+        dragging_ = false;
+        return true;
+    default: return false;
+    }
 }
 
 void BoundWidgetEvents::deliverPendingRelease() {

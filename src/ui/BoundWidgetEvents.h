@@ -29,6 +29,10 @@ private:
     void focusOut(Control& control, QEvent* event);
     bool key(Control& control, QObject* watched, QEvent* event);
     void mouse(Control& control, QObject* watched, QEvent* event);
+    // A press on a drag source starts a drag; while the button is held, every
+    // movement is a DragOver of the control under the pointer, or a mouse
+    // move of one that has no DragOver. True when the event was the drag's.
+    bool drag(Control& control, QEvent* event);
     // The held-back release goes to its control now.
     void deliverPendingRelease();
 
@@ -43,6 +47,7 @@ private:
     };
 
     ControlBinder& binder_;
+    bool dragging_ = false;
     std::optional<PendingRelease> pendingRelease_;
     QTimer releaseTimer_;
 };

@@ -52,7 +52,10 @@ MainWindowView::MainWindowView(MainWindow& model) : model_(model), binder_(model
     information.setWordWrap(true);
     information.setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     make<QLabel>(model_.FJWZ, *this, "status");
-    make<QLabel>(model_.Label1, *this, "muteStrip").setAlignment(Qt::AlignCenter);
+    auto& damper = make<QLabel>(model_.Label1, *this, "muteStrip");
+    damper.setAlignment(Qt::AlignCenter);
+    // The damper works under a pointer moved with no button held.
+    damper.setMouseTracking(true);
     buildKeyboard();
     make<QPushButton>(model_.Command1, *this, "exitButton").setAutoDefault(false);
     buildStatusAreaView(*this, model_, binder_);

@@ -191,8 +191,10 @@ bool ScriptDriver::execute(const std::string& line) {
         target.setFocus();
     } else if (command == "move") {
         // The pointer moves over the control with no button held.
-        Control& target = control(rest);
-        if (target.onMouseMove) target.onMouseMove(0, 0, 0, 0);
+        control(rest).userMouseMove(0);
+    } else if (command == "drag") {
+        // The pointer moves over the control with the button held, after a press on a drag source.
+        control(rest).userDragOver();
     } else if (command == "set") {
         auto [path, value] = splitWord(rest);
         if (!controls.set(path, value)) throw ScriptError("cannot set " + path);
