@@ -31,6 +31,8 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       rhythmFiles(platform_, state, midi, form1, dialogs),
       scorePlayer(platform_, state, midi, form1, accompaniment, chords, rhythmFiles, dialogs),
       scorePanel(state, form1, scorePlayer, accompaniment, chords, dialogs, controls),
+      YYLR(controls, platform_.loop),
+      scoreEntry(state, YYLR, form1, dialogs),
       rhythmSequencer(platform_, state, form1, accompaniment, chords),
       patternEditing(state, midi, form1),
       appDir_(std::move(appDir)),
@@ -48,6 +50,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     windowShell.wire();
     scorePlayer.wire();
     scorePanel.wire();
+    scoreEntry.wire();
     rhythmFiles.wire();
     rhythmSequencer.wire();
     patternEditing.wire();

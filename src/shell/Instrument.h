@@ -7,6 +7,7 @@
 #include "forms/ControlSystem.h"
 #include "forms/FarewellWindow.h"
 #include "forms/MainWindow.h"
+#include "forms/ScoreEntryWindow.h"
 #include "forms/SplashWindow.h"
 #include "midi/MidiOut.h"
 #include "performance/EffectKeys.h"
@@ -24,6 +25,7 @@
 #include "shell/MainPanels.h"
 #include "shell/MainWindowShell.h"
 #include "rhythm/RhythmFiles.h"
+#include "score/ScoreEntry.h"
 #include "score/ScorePanel.h"
 #include "score/ScorePlayer.h"
 #include "state/SharedState.h"
@@ -88,6 +90,8 @@ public:
     RhythmFiles rhythmFiles;
     ScorePlayer scorePlayer;
     ScorePanel scorePanel;
+    ScoreEntryWindow YYLR;
+    ScoreEntry scoreEntry;
     RhythmSequencer rhythmSequencer;
     PatternEditing patternEditing;
 

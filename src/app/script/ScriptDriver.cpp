@@ -10,6 +10,7 @@
 
 #include "app/script/SynthRendering.h"
 #include "forms/Controls.h"
+#include "forms/Form.h"
 #include "runtime/FatalFailure.h"
 #include "score/ScoreFiles.h"
 #include "shell/Instrument.h"
@@ -220,6 +221,11 @@ bool ScriptDriver::execute(const std::string& line) {
         dialogs_.queueInputAnswer(rest == "cancel" ? std::nullopt : std::optional<std::string>(rest));
     } else if (command == "quit") {
         instrument_->close();
+    } else if (command == "close") {
+        // The user closes a window other than the main one by its close box.
+        auto* form = dynamic_cast<Form*>(&control(rest));
+        if (!form || form == &instrument_->form1) throw ScriptError("close needs a window other than Form1: " + rest);
+        form->unload();
     } else {
         throw ScriptError("unknown command " + command);
     }
