@@ -69,6 +69,24 @@ void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& w
             instrument.form1.BzQd.userClick();
             QTimer::singleShot(kRhythmRunMs, &main, [&main, path] { save(main.grab(), path); });
         });
+    } else if (of == QLatin1String("entry")) {
+        whenMainWindowIsUp(instrument, main, [&instrument, &windows, path] {
+            instrument.form1.XINJIAN.userClick();
+            instrument.YYLR.Text1.setText("KC8KCKGKGKAKAKG16\r\nKF8KFKEKEKDKDKC16\r\nTZ");
+            instrument.YYLR.WJMC.setText("小星星");
+            QTimer::singleShot(kSettleMs, &windows.scoreEntry,
+                               [&windows, path] { save(windows.scoreEntry.grab(), path); });
+        });
+    } else if (of == QLatin1String("dialog")) {
+        whenMainWindowIsUp(instrument, main, [&instrument, &main, path] {
+            // The dialog runs its own loop: the picture is taken from within it.
+            QTimer::singleShot(kSettleMs, &main, [path] {
+                QWidget* dialog = QApplication::activeModalWidget();
+                if (dialog) save(screenAround(*dialog), path);
+                else save(QPixmap(), path);
+            });
+            instrument.form1.Yuepu[2].userClick();
+        });
     } else {
         whenMainWindowIsUp(instrument, main, [&instrument, &main, path, of] {
             MainWindow& form = instrument.form1;

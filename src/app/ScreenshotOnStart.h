@@ -11,13 +11,16 @@ struct ScreenshotWindows {
     QWidget& splash;
     QWidget& main;
     QWidget& farewell;
+    QWidget& scoreEntry;
 };
 
 // When the environment names a file in TESSALY_SCREENSHOT, a picture of one
 // window is saved there once it is up, and the program quits. Which window
 // TESSALY_SCREENSHOT_OF says: "splash", "main" (the default), "shortcuts"
 // (the main window on its settings tab), "rhythm" (the rhythm tab with the
-// rhythm running) or "farewell". The shaped windows are
+// rhythm running), "help" (the help tab), "keymap" (the key map unfolded),
+// "small" (the small window), "entry" (the score entry window with a score
+// opened), "dialog" (the open dialog of the score panel) or "farewell". The shaped windows are
 // taken from the screen around them, so that their shape shows.
 // For documentation and visual checks under a virtual display.
 void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& windows);

@@ -9,12 +9,14 @@
 #include "runtime/FatalFailure.h"
 #include "shell/AppFolder.h"
 #include "shell/Instrument.h"
+#include "ui/ChineseTranslations.h"
 #include "ui/FarewellView.h"
 #include "ui/GuardedApplication.h"
 #include "ui/InstrumentStyle.h"
 #include "ui/MainWindowView.h"
 #include "ui/QtDialogs.h"
 #include "ui/QtMessageBoxes.h"
+#include "ui/ScoreEntryView.h"
 #include "ui/SplashView.h"
 
 int main(int argc, char** argv) {
@@ -22,6 +24,7 @@ int main(int argc, char** argv) {
     tessaly::GuardedApplication::setApplicationName("tessaly");
     tessaly::GuardedApplication::setStyle(QStyleFactory::create("Fusion"));
     tessaly::GuardedApplication::setFont(tessaly::instrumentFont());
+    tessaly::installChineseTranslations();
 
     const std::string appDir = tessaly::appFolderFromEnvironment();
     tessaly::QtEventLoop loop;
@@ -37,6 +40,7 @@ int main(int argc, char** argv) {
     // Built before the start, so that they follow their models from the first change.
     tessaly::SplashView splash(instrument.DZQQD);
     tessaly::FarewellView farewell(instrument.Form3);
+    tessaly::ScoreEntryView scoreEntry(instrument.YYLR);
     boxes.setParentWindow(&window);
     dialogs.setParentWindow(&window);
     window.onUserClose = [&instrument] { instrument.close(); };
@@ -56,6 +60,6 @@ int main(int argc, char** argv) {
     }
     // The start itself ends the program when another instance is running.
     if (instrument.ended()) return instrument.exitStatus();
-    tessaly::screenshotOnStartIfAsked(instrument, {splash, window, farewell});
+    tessaly::screenshotOnStartIfAsked(instrument, {splash, window, farewell, scoreEntry});
     return tessaly::GuardedApplication::exec();
 }

@@ -65,6 +65,11 @@ QPushButton#saveSettings { color: #2a1a00; border-color: #b8832a;
     background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #ffd98a, stop:1 #e9a93c); }
 QPushButton#exitButton { color: #ffffff; border-color: #8a2c1c;
     background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #d9664a, stop:1 #a8361f); }
+QWidget#scoreEntryWindow { color: #e6eef7; }
+QLabel#entryCaption { color: #9fd0ff; }
+QLabel#entryHelp { color: #e6eef7; }
+QLineEdit#songName { color: #17222f; background: rgba(250,252,255,0.94); border: 1px solid rgba(255,255,255,0.5);
+                     border-radius: 4px; padding: 2px 6px; }
 QToolTip { color: #17222f; background: #fffbe8; border: 1px solid #c9b66b; }
 )");
 }
