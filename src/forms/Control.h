@@ -66,6 +66,8 @@ public:
     // control hears neither.
     void userDragOver();
     void userMouseMove(int button);
+    // Enabled and visible, on a window that is enabled: the user can reach it.
+    bool reachable() const;
 
     // Events, set by the handlers of the logic.
     std::function<void()> onClick, onGotFocus, onLostFocus;
