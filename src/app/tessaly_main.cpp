@@ -58,8 +58,12 @@ int main(int argc, char** argv) {
         application.reportFailure(failure.what());
         return tessaly::kFailureExitCode;
     }
-    // The start itself ends the program when another instance is running.
-    if (instrument.ended()) return instrument.exitStatus();
+    // The start itself ends the program when another instance is running,
+    // after its notice has been up for its time.
+    if (instrument.ended()) {
+        boxes.waitForTimedBoxes();
+        return instrument.exitStatus();
+    }
     tessaly::screenshotOnStartIfAsked(instrument, {splash, window, farewell, scoreEntry});
     return tessaly::GuardedApplication::exec();
 }

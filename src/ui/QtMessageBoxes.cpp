@@ -1,6 +1,7 @@
 #include "ui/QtMessageBoxes.h"
 
 #include <QGuiApplication>
+#include <QEventLoop>
 #include <QMessageBox>
 #include <QTimer>
 
@@ -15,6 +16,18 @@ void QtMessageBoxes::timedBox(const std::string& title, const std::string& text,
     box->setWindowModality(Qt::NonModal);
     box->show();
     QTimer::singleShot(timeoutMs, box, &QWidget::close);
+    timedBoxes_.emplace_back(box);
+}
+
+void QtMessageBoxes::waitForTimedBoxes() {
+    QEventLoop loop;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &loop, [this, &loop] {
+        std::erase_if(timedBoxes_, [](const QPointer<QWidget>& box) { return box.isNull() || !box->isVisible(); });
+        if (timedBoxes_.empty()) loop.quit();
+    });
+    poll.start(50);
+    loop.exec();
 }
 
 void QtMessageBoxes::plainBox(const std::string& text) {
