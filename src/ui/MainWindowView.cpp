@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPainter>
+#include <QPointer>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -105,7 +106,17 @@ void MainWindowView::buildShortcutPanel(QWidget& panel) {
         key.setAutoExclusive(false);
         keys->addButton(&key, static_cast<int>(index));
     }
-    for (auto& [index, label] : model_.YUEQI) make<QLabel>(*label, panel, "listCaption");
+    for (auto& [index, label] : model_.YUEQI) {
+        auto& caption = make<QLabel>(*label, panel, "listCaption");
+        // A list's label shows with its list, so that the effect files, which
+        // take the lists' place, lie over no label.
+        ComboBox& list = model_.YQSZ[index];
+        caption.setVisible(list.visible());
+        QPointer<QLabel> guarded(&caption);
+        list.observe([guarded](Control& shown, Prop prop) {
+            if (guarded && prop == Prop::Visible) guarded->setVisible(shown.visible());
+        });
+    }
     for (auto& [index, list] : model_.YQSZ) make<QComboBox>(*list, panel).setMaxVisibleItems(20);
     // The effect files side by side, as many to a row as fit.
     auto& effects = make<QListWidget>(model_.File2, panel, "effectFiles");
