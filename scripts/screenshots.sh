@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
 # Pictures of the instrument's windows, each taken on a fresh virtual display:
-# scripts/screenshots.sh OUTDIR  ->  splash.png main.png shortcuts.png rhythm.png farewell.png
+# scripts/screenshots.sh OUTDIR  ->  splash.png main.png shortcuts.png rhythm.png help.png keymap.png
+# small.png entry.png dialog.png farewell.png
 set -euo pipefail
 cd "$(dirname "$0")/.."
 [ $# -eq 1 ] || { echo "usage: $0 OUTDIR" >&2; exit 2; }
 out="$(realpath -m "$1")"
 mkdir -p "$out"
 [ -x build/src/app/tessaly ] || scripts/build.sh
-for window in splash main shortcuts rhythm farewell; do
+for window in splash main shortcuts rhythm help keymap small entry dialog farewell; do
   # A throw-away data folder for each, so every picture shows a first start.
   home="$(mktemp -d)"
   XDG_DATA_HOME="$home" SDL_AUDIODRIVER="${SDL_AUDIODRIVER:-dummy}" \
@@ -15,4 +16,4 @@ for window in splash main shortcuts rhythm farewell; do
     timeout 60 xvfb-run -a -s "-screen 0 1280x800x24" build/src/app/tessaly
   rm -rf "$home"
 done
-ls "$out"/{splash,main,shortcuts,rhythm,farewell}.png
+ls "$out"/{splash,main,shortcuts,rhythm,help,keymap,small,entry,dialog,farewell}.png
