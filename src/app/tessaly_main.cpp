@@ -10,6 +10,7 @@
 #include "shell/AppFolder.h"
 #include "shell/Instrument.h"
 #include "ui/ChineseTranslations.h"
+#include "ui/DesktopUrlOpener.h"
 #include "ui/FarewellView.h"
 #include "ui/GuardedApplication.h"
 #include "ui/InstrumentStyle.h"
@@ -32,8 +33,9 @@ int main(int argc, char** argv) {
     tessaly::QtMessageBoxes boxes;
     tessaly::FlockInstanceLock instanceLock;
     tessaly::QtDialogs dialogs;
-    tessaly::Platform platform{loop, sound.midi, sound.wave, boxes, instanceLock};
-    platform.dialogs = &dialogs;
+    tessaly::DesktopUrlOpener browser;
+    tessaly::Platform platform{loop, sound.midi, sound.wave, boxes, instanceLock, tessaly::noMciCommands(), &dialogs,
+                               browser};
 
     tessaly::Instrument instrument(platform, appDir, TESSALY_BUILD_DATA_DIR);
     tessaly::MainWindowView window(instrument.form1);
