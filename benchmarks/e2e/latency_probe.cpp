@@ -5,17 +5,20 @@
 // several times through XTest and finds for each press the first loud sample
 // written after it.
 //
-// The driver writes through stdio, so audio arrives in chunks of 4 KiB; a
-// sample's block is dated from its chunk's arrival, less the blocks that
-// follow it in the chunk at the pace measured over the last chunks. That is
-// when the block left the program: a real device adds its own buffer.
+// The driver writes through stdio, which holds 4 KiB for a file or a pipe;
+// so it writes into a raw pseudo-terminal, for which stdio keeps only 1 KiB
+// (two blocks of 64 frames) and flushes at every newline byte as well. A
+// sample's block is dated by interpolating between the arrivals of the
+// chunk that holds it and of the chunk before. That is when the block left
+// the program: a real device adds its own buffer.
 //
-// Usage: latency_probe APP FIFO LOG PERIOD_FRAMES PRESSES
+// Usage: latency_probe APP UNUSED LOG PERIOD_FRAMES PRESSES
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
 #include <fcntl.h>
+#include <termios.h>
 #include <poll.h>
 #include <signal.h>
 #include <sys/stat.h>
@@ -54,7 +57,7 @@ struct Chunk {
 // Everything the program wrote, with the arrival of each chunk.
 class AudioTap {
 public:
-    explicit AudioTap(const char* fifo) : fifo_(fifo) { bytes_.reserve(256u << 20); }
+    explicit AudioTap(int master) : master_(master) { bytes_.reserve(256u << 20); }
     void start() { reader_ = std::thread([this] { run(); }); }
     void stop() {
         stopping_ = true;
@@ -88,21 +91,31 @@ public:
         const std::size_t blockEnd = (i * sizeof(float) / blockBytes + 1) * blockBytes;
         auto chunk = std::find_if(chunks_.begin(), chunks_.end(), [&](const Chunk& c) { return c.endByte >= blockEnd; });
         if (chunk == chunks_.end()) return false;
-        // The pace of the driver over up to 64 chunks before this one.
         const auto index = static_cast<std::size_t>(chunk - chunks_.begin());
-        const std::size_t back = std::min<std::size_t>(index, 64);
-        const Chunk& earlier = chunks_[index - back];
-        const double nsPerByte = back == 0 ? 0.0
-            : std::chrono::duration<double, std::nano>(chunk->arrived - earlier.arrived).count() /
-                  static_cast<double>(chunk->endByte - earlier.endByte);
-        when = chunk->arrived -
-               std::chrono::nanoseconds(static_cast<long long>(nsPerByte * static_cast<double>(chunk->endByte - blockEnd)));
+        if (std::getenv("LATENCY_PROBE_DEBUG")) {
+            for (std::size_t k = index >= 3 ? index - 3 : 0; k <= std::min(index + 1, chunks_.size() - 1); ++k)
+                std::printf("     chunk %zu: end %zu at %+.3f ms%s\n", k, chunks_[k].endByte,
+                            msSince(debugKey, chunks_[k].arrived), k == index ? " <- block end " : "");
+            std::printf("     loud byte %zu, block end %zu\n", i * sizeof(float), blockEnd);
+            const std::size_t blockSamples = blockBytes / sizeof(float);
+            const std::size_t loudBlock = i / blockSamples;
+            for (std::size_t b = loudBlock >= 4 ? loudBlock - 4 : 0; b <= loudBlock + 2 && (b + 1) * blockSamples <= count; ++b) {
+                float peak = 0;
+                for (std::size_t k = b * blockSamples; k < (b + 1) * blockSamples; ++k) peak = std::max(peak, std::fabs(s[k]));
+                std::printf("     block at byte %zu: peak %g\n", b * blockBytes, static_cast<double>(peak));
+            }
+        }
+        if (index == 0) return false;
+        const Chunk& before = chunks_[index - 1];
+        const double share = static_cast<double>(blockEnd - before.endByte) /
+                             static_cast<double>(chunk->endByte - before.endByte);
+        when = before.arrived + std::chrono::duration_cast<Clock::duration>((chunk->arrived - before.arrived) * share);
         return true;
     }
 
 private:
     void run() {
-        const int fd = ::open(fifo_, O_RDONLY | O_NONBLOCK);
+        const int fd = master_;
         std::vector<char> buffer(1 << 16);
         while (!stopping_) {
             pollfd ready{fd, POLLIN, 0};
@@ -121,7 +134,11 @@ private:
         ::close(fd);
     }
 
-    const char* fifo_;
+public:
+    Clock::time_point debugKey;
+
+private:
+    int master_;
     std::atomic<bool> stopping_{false};
     std::thread reader_;
     std::mutex mutex_;
@@ -161,7 +178,6 @@ int main(int argc, char** argv) {
         return 2;
     }
     const char* app = argv[1];
-    const char* fifo = argv[2];
     const int periodFrames = std::atoi(argv[4]);
     const int presses = std::atoi(argv[5]);
     Display* display = XOpenDisplay(nullptr);
@@ -169,10 +185,18 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "no X display\n");
         return 2;
     }
-    ::mkfifo(fifo, 0600);
+    const int master = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
+    ::grantpt(master);
+    ::unlockpt(master);
+    const char* slave = ::ptsname(master);
+    const int slaveFd = ::open(slave, O_RDWR | O_NOCTTY);  // keeps the terminal and its raw mode
+    termios raw{};
+    ::tcgetattr(slaveFd, &raw);
+    ::cfmakeraw(&raw);
+    ::tcsetattr(slaveFd, TCSANOW, &raw);
     ::setenv("SDL_AUDIODRIVER", "disk", 1);
-    ::setenv("SDL_DISKAUDIOFILE", fifo, 1);
-    AudioTap tap(fifo);
+    ::setenv("SDL_DISKAUDIOFILE", slave, 1);
+    AudioTap tap(master);
     tap.start();
 
     const Clock::time_point started = Clock::now();
@@ -205,12 +229,22 @@ int main(int argc, char** argv) {
     std::this_thread::sleep_for(std::chrono::seconds(1));
 
     const KeyCode key = XKeysymToKeycode(display, XK_g);
+    const KeyCode escape = XKeysymToKeycode(display, XK_Escape);
     std::vector<double> latencies;
     for (int press = 0; press < presses; ++press) {
+        // The melody's notes ring on after the key is up: Esc silences them.
+        XTestFakeKeyEvent(display, escape, True, CurrentTime);
+        XTestFakeKeyEvent(display, escape, False, CurrentTime);
+        XFlush(display);
         for (int i = 0; i < 400 && !tap.quietFor(200); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        if (!tap.quietFor(200)) {
+            std::printf("press %d: not quiet before the key, left out\n", press + 1);
+            continue;
+        }
         std::this_thread::sleep_for(std::chrono::milliseconds(50 + press * 37 % 100));  // not in step with the blocks
         const std::size_t before = tap.received();
         const Clock::time_point down = Clock::now();
+        tap.debugKey = down;
         XTestFakeKeyEvent(display, key, True, CurrentTime);
         XFlush(display);
         std::this_thread::sleep_for(std::chrono::milliseconds(300));
