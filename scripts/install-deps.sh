@@ -10,7 +10,7 @@ PACKAGES=(
   libsdl2-dev libsndfile1-dev libsamplerate0-dev librtmidi-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   clang libclang-rt-14-dev
-  xvfb xauth xdotool fonts-noto-cjk
+  xvfb xauth xdotool libxtst-dev fonts-noto-cjk
 )
 
 missing=()

@@ -1,10 +1,13 @@
 #include "SoundSystem.h"
 
+#include <cstdio>
 #include <cstdlib>
 
 namespace tessaly {
 
 namespace {
+constexpr int kPeriodCheckMs = 1000;
+
 std::string soundFontOverride() {
     const char* path = std::getenv("TESSALY_SOUNDFONT");
     return path ? path : "";
@@ -12,9 +15,22 @@ std::string soundFontOverride() {
 }  // namespace
 
 SoundSystem::SoundSystem(const std::string& appDir, EventLoop& loop)
-    : engine(),
+    : engine(audio::deviceOptionsFromEnvironment()),
       midi(engine, {appDir, soundFontOverride()}),
       wave(engine),
-      recorder(engine.mixer(), {audio::defaultTakeFolder(), &loop}) {}
+      recorder(engine.mixer(), {audio::defaultTakeFolder(), &loop}),
+      loop_(loop) {
+    if (engine.hasDevice()) loop_.startTimer(*this, kPeriodCheckMs);
+}
+
+SoundSystem::~SoundSystem() {
+    loop_.stopTimer(*this);
+}
+
+void SoundSystem::timerDue() {
+    if (engine.growPeriodIfLate())
+        std::fprintf(stderr, "tessaly: the audio device was late; its period is now %d frames\n",
+                     engine.periodFrames());
+}
 
 }  // namespace tessaly

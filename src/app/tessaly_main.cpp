@@ -59,6 +59,12 @@ int main(int argc, char** argv) {
         std::string status = sound.engine.takeStatusMessage();
         if (!status.empty()) instrument.form1.FJWZ.setCaption(status);
     });
+    // The SoundFont loads on a worker while the splash is up, so the sound is
+    // ready when the main window opens the synthesizer; a second start, which
+    // ends before its splash shows, loads nothing.
+    instrument.DZQQD.observe([&](tessaly::Control& form, tessaly::Prop prop) {
+        if (prop == tessaly::Prop::Visible && form.visible()) sound.midi.preloadSynth();
+    });
     try {
         instrument.start();
     } catch (const tessaly::FatalFailure& failure) {

@@ -22,7 +22,10 @@ public:
 
     // Starts (or restarts) the period of a timer: the first call comes one
     // whole interval from now. Ticks are scheduled against the clock so that
-    // they do not drift.
+    // they do not drift. Called while the timer's own tick is being handled
+    // (also from whatever that tick lets run), the period counts instead from
+    // the time that tick was scheduled for, so a timer that sets its interval
+    // at every tick keeps its grid however late the tick ran.
     virtual void startTimer(TimerClient& client, int intervalMs) = 0;
     virtual void stopTimer(TimerClient& client) = 0;
 

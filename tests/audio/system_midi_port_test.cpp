@@ -64,3 +64,21 @@ TEST(SystemMidiPort, MessagesQueuedWhileDetachedNeverReachTheNextSynth) {
     ASSERT_EQ(port.open(-1, handle), kMidiOk);
     EXPECT_LT(peak(SynthRig::renderEngine(engine, 200)), kSilentPeak);
 }
+
+// The SoundFont loaded while the splash is up serves the first opening; a
+// preload that found nothing fails that opening as a load on the spot would.
+TEST(SystemMidiPort, APreloadedSynthServesTheFirstOpening) {
+    AudioEngine engine{{AudioOutput::Offline}};
+    SystemMidiPort port(engine, {"", kTestSoundFont});
+    port.preloadSynth();
+    port.preloadSynth();  // once only
+    uint32_t handle = 0;
+    ASSERT_EQ(port.open(-1, handle), kMidiOk);
+    EXPECT_EQ(port.soundFontPath(), kTestSoundFont);
+    EXPECT_EQ(port.shortMessage(handle, pack(0x90, 60, 100)), kMidiOk);
+    EXPECT_GT(rms(SynthRig::renderEngine(engine, 200)), 0.01);
+
+    SystemMidiPort missing(engine, {"", "/nonexistent/none.sf2"});
+    missing.preloadSynth();
+    EXPECT_EQ(missing.open(-1, handle), kMidiSoundFontMissing);
+}

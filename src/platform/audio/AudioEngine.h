@@ -1,9 +1,11 @@
 #pragma once
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <string>
 
 #include "platform/audio/AudioFormat.h"
+#include "platform/audio/BlockClock.h"
 #include "platform/audio/Mixer.h"
 
 namespace tessaly::audio {
@@ -18,7 +20,13 @@ enum class AudioOutput {
 struct AudioEngineOptions {
     AudioOutput output = AudioOutput::Device;
     int periodFrames = kDefaultPeriodFrames;  // clamped to kMinPeriodFrames..kMaxPeriodFrames
+    // The device may move to larger periods when its callback comes late.
+    bool growWhenLate = false;
 };
+
+// The options of the program's engine: $TESSALY_AUDIO_PERIOD (frames, 16 to
+// 256) fixes the period; without it the default period grows when late.
+AudioEngineOptions deviceOptionsFromEnvironment();
 
 // The sound output of the program: one mixer, rendered by the SDL playback
 // callback, by a silent sink when no device can be opened, or on demand.
@@ -33,6 +41,15 @@ public:
 
     Mixer& mixer() { return mixer_; }
     int periodFrames() const { return periodFrames_; }
+
+    // Control thread, from time to time: when the device callback came late
+    // (a gap of over two periods, so the device likely ran dry) at least
+    // kLateCallsToGrow times since the last call, reopens the device with
+    // twice the period, up to kMaxFallbackPeriodFrames. True when it did.
+    static constexpr int kLateCallsToGrow = 4;
+    bool growPeriodIfLate();
+    // Late device callbacks since the engine started.
+    long lateCallbacks() const { return lateTotal_.load(std::memory_order_relaxed); }
     bool isOffline() const { return offline_; }
     // True when a real playback device is running.
     bool hasDevice() const { return device_ != 0; }
@@ -55,8 +72,13 @@ private:
     Mixer mixer_;
     int periodFrames_;
     bool offline_;
+    bool growWhenLate_;
+    std::atomic<long> lateTotal_{0};
+    long lateSeen_ = 0;
+    int64_t lastCallbackNs_ = 0;  // the device callback's only
     bool audioSubsystem_ = false;
     uint32_t device_ = 0;
+    BlockClock blockClock_;  // the device callback's only
     std::unique_ptr<SilentSink> sink_;
     std::string deviceError_;
     bool statusTaken_ = false;

@@ -2,18 +2,23 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/audio/MidiSynth.h"
+
 struct _fluid_hashtable_t;
 struct _fluid_synth_t;
 
 namespace tessaly::audio {
 
 // The General MIDI synthesizer: FluidSynth with one SoundFont, 16 channels,
-// channel 9 percussion. Load on the control thread before the engine renders
-// it; after that only the rendering thread calls apply() and render().
-class BuiltInSynth {
+// channel 9 percussion. Built and loaded on any one thread before the engine
+// renders it (the SoundFont may load on a worker while the splash is up);
+// after that only the rendering thread calls apply() and render(). FluidSynth
+// starts voices on its own grid of 64 frames, so a message applied inside
+// such a stretch sounds from the next one.
+class BuiltInSynth : public MidiSynth {
 public:
     BuiltInSynth();
-    ~BuiltInSynth();
+    ~BuiltInSynth() override;
     BuiltInSynth(const BuiltInSynth&) = delete;
     BuiltInSynth& operator=(const BuiltInSynth&) = delete;
 
@@ -21,10 +26,8 @@ public:
     bool loadSoundFont(const std::string& path);
     bool hasSoundFont() const { return soundFontId_ >= 0; }
 
-    // Applies one packed short message; malformed ones are dropped.
-    void apply(uint32_t packed);
-    // Writes interleaved stereo frames at the engine rate, replacing what is in out.
-    void render(float* out, int frames);
+    void apply(uint32_t packed) override;
+    void render(float* out, int frames) override;
 
     int activeVoices() const;
 

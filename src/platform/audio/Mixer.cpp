@@ -4,11 +4,11 @@
 #include <thread>
 
 #include "platform/audio/AudioFormat.h"
-#include "platform/audio/BuiltInSynth.h"
+#include "platform/audio/MidiSynth.h"
 
 namespace tessaly::audio {
 
-void Mixer::attachSynth(BuiltInSynth* synth) {
+void Mixer::attachSynth(MidiSynth* synth) {
     // Messages still queued for a synth attached before are dropped by tag.
     postGeneration_ = generation_.load(std::memory_order_relaxed) + 1;
     generation_.store(postGeneration_, std::memory_order_seq_cst);
@@ -22,22 +22,36 @@ void Mixer::detachSynth() {
     while (rendering_.load(std::memory_order_seq_cst)) std::this_thread::yield();
 }
 
-bool Mixer::postMidi(uint32_t packed) {
+bool Mixer::postMidi(uint32_t packed, int64_t sentNs) {
     if (synth_.load(std::memory_order_acquire) == nullptr) return false;
-    return midi_.push({packed, postGeneration_});
+    return midi_.push({packed, postGeneration_, sentNs});
 }
 
-void Mixer::render(float* out, int frames) {
+void Mixer::renderSynth(MidiSynth& synth, float* out, int frames, BlockSpan span) {
+    const uint32_t generation = generation_.load(std::memory_order_acquire);
+    int done = 0;
+    QueuedMidi queued{};
+    while (midi_.peek(queued)) {
+        if (queued.generation == generation) {
+            const int frame = span.frameOf(queued.sentNs, frames);
+            if (frame < 0) break;
+            if (frame > done) {
+                synth.render(out + static_cast<std::size_t>(done) * kChannels, frame - done);
+                done = frame;
+            }
+            synth.apply(queued.message);
+        }
+        midi_.dropFront();
+    }
+    if (done < frames) synth.render(out + static_cast<std::size_t>(done) * kChannels, frames - done);
+}
+
+void Mixer::render(float* out, int frames, BlockSpan span) {
     rendering_.store(true, std::memory_order_seq_cst);
-    BuiltInSynth* synth = synth_.load(std::memory_order_seq_cst);
+    MidiSynth* synth = synth_.load(std::memory_order_seq_cst);
     const std::size_t samples = static_cast<std::size_t>(frames) * kChannels;
     if (synth) {
-        const uint32_t generation = generation_.load(std::memory_order_acquire);
-        QueuedMidi queued{};
-        while (midi_.pop(queued)) {
-            if (queued.generation == generation) synth->apply(queued.message);
-        }
-        synth->render(out, frames);
+        renderSynth(*synth, out, frames, span);
     } else {
         std::fill(out, out + samples, 0.0f);
     }

@@ -31,6 +31,17 @@ public:
         return true;
     }
 
+    // The oldest item, left in the queue; false when there is none.
+    bool peek(T& item) const {
+        const std::size_t head = head_.load(std::memory_order_relaxed);
+        if (head == tail_.load(std::memory_order_acquire)) return false;
+        item = items_[head & (Capacity - 1)];
+        return true;
+    }
+
+    // Drops the oldest item; only after a successful peek.
+    void dropFront() { head_.store(head_.load(std::memory_order_relaxed) + 1, std::memory_order_release); }
+
     bool full() const {
         return tail_.load(std::memory_order_acquire) - head_.load(std::memory_order_acquire) == Capacity;
     }

@@ -3,6 +3,7 @@
 #include <rtmidi/RtMidi.h>
 
 #include <algorithm>
+#include <chrono>
 
 #include "platform/MidiErrors.h"
 #include "platform/audio/AudioEngine.h"
@@ -37,6 +38,8 @@ SystemMidiPort::SystemMidiPort(AudioEngine& engine, SoundFontChoice soundFont)
 
 SystemMidiPort::~SystemMidiPort() {
     while (!open_.empty()) close(open_.back()->handle);
+    // A preload nobody took (the program ended during the splash) is waited
+    // for by the future itself.
 }
 
 std::vector<std::string> SystemMidiPort::listPorts() {
@@ -87,12 +90,25 @@ int SystemMidiPort::open(int deviceId, uint32_t& handle) {
     return kMidiOk;
 }
 
+SystemMidiPort::LoadedSynth SystemMidiPort::loadSynth(const SoundFontChoice& choice) {
+    LoadedSynth loaded{locateSoundFont(choice), std::make_unique<BuiltInSynth>()};
+    if (loaded.path.empty() || !loaded.synth->loadSoundFont(loaded.path)) loaded.synth.reset();
+    return loaded;
+}
+
+void SystemMidiPort::preloadSynth() {
+    if (preloadStarted_) return;
+    preloadStarted_ = true;
+    preloaded_ = std::async(std::launch::async, &SystemMidiPort::loadSynth, soundFont_);
+}
+
 int SystemMidiPort::openSynth() {
-    const std::string path = locateSoundFont(soundFont_);
-    auto synth = std::make_unique<BuiltInSynth>();
-    if (path.empty() || !synth->loadSoundFont(path)) return kMidiSoundFontMissing;
-    synth_ = std::move(synth);
-    soundFontPath_ = path;
+    // The preloaded synthesizer serves the first opening; a later one (after
+    // a close) loads afresh, as the SoundFont on disk may have changed.
+    LoadedSynth loaded = preloaded_.valid() ? preloaded_.get() : loadSynth(soundFont_);
+    if (!loaded.synth) return kMidiSoundFontMissing;
+    synth_ = std::move(loaded.synth);
+    soundFontPath_ = loaded.path;
     engine_.mixer().attachSynth(synth_.get());
     return kMidiOk;
 }
@@ -124,7 +140,12 @@ int SystemMidiPort::close(uint32_t handle) {
 int SystemMidiPort::shortMessage(uint32_t handle, uint32_t message) {
     OpenDevice* device = handle == 0 ? nullptr : findOpen(handle);
     if (!device) return kMidiInvalidHandle;
-    if (device->deviceId == kSynthId) return engine_.mixer().postMidi(message) ? kMidiOk : kMidiSendFailed;
+    if (device->deviceId == kSynthId) {
+        // Stamped, so that the callback sounds it at the frame of its sending.
+        const int64_t sentNs = std::chrono::duration_cast<std::chrono::nanoseconds>(
+                                   std::chrono::steady_clock::now().time_since_epoch()).count();
+        return engine_.mixer().postMidi(message, sentNs) ? kMidiOk : kMidiSendFailed;
+    }
 
     // Same rule as the synthesizer: a data byte above 127 is not sent.
     const ShortMessage m = ShortMessage::unpack(message);

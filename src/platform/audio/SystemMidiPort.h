@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <future>
 #include <memory>
 #include <string>
 #include <vector>
@@ -34,6 +35,11 @@ public:
     int shortMessage(uint32_t handle, uint32_t message) override;
     std::string errorText(int code) override;
 
+    // Starts building the synthesizer and loading its SoundFont on a worker
+    // thread (a large one takes a good part of a second), so that opening
+    // the synthesizer later only takes it over. Once; later calls do nothing.
+    void preloadSynth();
+
     // The SoundFont the synthesizer loaded when it was last opened.
     const std::string& soundFontPath() const { return soundFontPath_; }
 
@@ -52,7 +58,15 @@ private:
 
     AudioEngine& engine_;
     SoundFontChoice soundFont_;
+    struct LoadedSynth {
+        std::string path;
+        std::unique_ptr<BuiltInSynth> synth;  // null when the SoundFont did not load
+    };
+    static LoadedSynth loadSynth(const SoundFontChoice& choice);
+
     std::unique_ptr<BuiltInSynth> synth_;
+    std::future<LoadedSynth> preloaded_;
+    bool preloadStarted_ = false;
     std::string soundFontPath_;
     std::vector<std::unique_ptr<OpenDevice>> open_;
     uint32_t nextHandle_ = 1;

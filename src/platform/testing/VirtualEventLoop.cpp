@@ -7,8 +7,14 @@ namespace tessaly {
 void VirtualEventLoop::startTimer(TimerClient& client, int intervalMs) {
     stopTimer(client);
     if (intervalMs <= 0) return;
+    uint64_t from = now_;
+    for (auto it = firing_.rbegin(); it != firing_.rend(); ++it) {
+        if (it->client != &client) continue;
+        from = it->scheduled;
+        break;
+    }
     auto interval = static_cast<uint64_t>(intervalMs);
-    timers_.push_back({&client, interval, now_ + interval, sequence_++});
+    timers_.push_back({&client, interval, from + interval, sequence_++});
 }
 
 void VirtualEventLoop::stopTimer(TimerClient& client) {
@@ -25,10 +31,18 @@ const VirtualEventLoop::Armed* VirtualEventLoop::nextDue() const {
 void VirtualEventLoop::fire(TimerClient* client) {
     auto it = std::find_if(timers_.begin(), timers_.end(), [&](const Armed& a) { return a.client == client; });
     if (it == timers_.end()) return;
+    const uint64_t scheduled = it->due;
     // The next tick keeps to the grid of the first one; ticks missed while a
     // handler held the thread are not made up, as a platform timer does.
     while (it->due <= now_) it->due += it->interval;
-    client->timerDue();
+    firing_.push_back({client, scheduled});
+    try {
+        client->timerDue();
+    } catch (...) {
+        firing_.pop_back();
+        throw;
+    }
+    firing_.pop_back();
 }
 
 void VirtualEventLoop::doEvents() {

@@ -28,12 +28,18 @@ private:
         uint64_t due;
         uint64_t order;  // ties at the same instant fire in the order of arming
     };
+    // A tick being handled, innermost last; client is only compared.
+    struct Firing {
+        TimerClient* client;
+        uint64_t scheduled;
+    };
     const Armed* nextDue() const;
     void fire(TimerClient* client);
 
     uint64_t now_ = 0;
     uint64_t sequence_ = 0;
     std::vector<Armed> timers_;
+    std::vector<Firing> firing_;
 };
 
 }  // namespace tessaly
