@@ -30,7 +30,9 @@ PlayStart scoreTextPlay(RenderProgram& program, const std::string& text) {
 PlayStart editorSongPlay(RenderProgram& program) {
     Instrument& app = program.instrument();
     EditorCommandPanel& commands = app.YYBJ.commands();
-    const int beatsPerBar = app.editor.s.slotsPerBar() / (2 * kSongSlotsPerQuarter);
+    // An editor bar holds two bars of music of 2, 3 or 4 quarters.
+    const int slots = app.editor.s.slotsPerBar();
+    const int beatsPerBar = slots == 16 || slots == 24 || slots == 32 ? slots / (2 * kSongSlotsPerQuarter) : 0;
     return {&commands.YYDS, kSongSlotsPerQuarter, beatsPerBar, [&commands] { commands.ST2.userClick(); }};
 }
 
