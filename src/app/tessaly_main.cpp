@@ -4,6 +4,7 @@
 
 #include "ScreenshotOnStart.h"
 #include "SoundSystem.h"
+#include "export/ExportButtons.h"
 #include "platform/posix/FlockInstanceLock.h"
 #include "platform/qt/QtEventLoop.h"
 #include "runtime/FatalFailure.h"
@@ -40,6 +41,8 @@ int main(int argc, char** argv) {
     tessaly::SplashView splash(instrument.DZQQD);
     tessaly::FarewellView farewell(instrument.Form3);
     tessaly::EditorViewHost editor(instrument.YYBJ);
+    // Exports run on a worker with a program of their own; the instrument plays on.
+    tessaly::ExportButtons exporting(instrument, tessaly::ExportButtons::Threading::Worker);
     // Whatever ends the program by a run-time failure, the user's work is saved first.
     application.setBeforeFatalEnd(
         [&instrument] { return tessaly::savedWorkText(instrument.fatalEndSaves.runAll()); });

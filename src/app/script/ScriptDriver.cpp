@@ -10,6 +10,7 @@
 
 #include "app/script/EditorRecorderStandIn.h"
 #include "app/script/SynthRendering.h"
+#include "export/ExportButtons.h"
 #include "forms/Controls.h"
 #include "runtime/FatalFailure.h"
 #include "score/ScoreFiles.h"
@@ -83,6 +84,7 @@ ScriptDriver::ScriptDriver(ScriptOptions options, std::ostream& out)
       mci_(log_, synth_ && options_.synth ? &synth_->mci() : nullptr),
       platform_{loop_, midi_, wave_, boxes_, instanceLock_, mci_, &dialogs_} {
     instrument_ = std::make_unique<Instrument>(platform_, appDir_, options_.shippedData);
+    exportButtons_ = std::make_unique<ExportButtons>(*instrument_, ExportButtons::Threading::Inline, options_.soundFont);
     logFormVisibility();
 }
 
@@ -113,6 +115,7 @@ void ScriptDriver::runUntilMainWindowActive() {
 
 ScriptDriver::~ScriptDriver() {
     editorRecorder_.reset();
+    exportButtons_.reset();
     instrument_.reset();
     synth_.reset();
     if (ownsAppDir_) {
