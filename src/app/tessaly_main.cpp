@@ -2,6 +2,8 @@
 // with the built-in synthesizer on the audio device.
 #include <QStyleFactory>
 
+#include <cstdlib>
+
 #include "ScreenshotOnStart.h"
 #include "SoundSystem.h"
 #include "export/ExportButtons.h"
@@ -42,7 +44,9 @@ int main(int argc, char** argv) {
     tessaly::FarewellView farewell(instrument.Form3);
     tessaly::EditorViewHost editor(instrument.YYBJ);
     // Exports run on a worker with a program of their own; the instrument plays on.
-    tessaly::ExportButtons exporting(instrument, tessaly::ExportButtons::Threading::Worker);
+    // Audio exports sound as the instrument does: the same SoundFont.
+    const char* soundFont = std::getenv("TESSALY_SOUNDFONT");
+    tessaly::ExportButtons exporting(instrument, tessaly::ExportButtons::Threading::Worker, soundFont ? soundFont : "");
     // Whatever ends the program by a run-time failure, the user's work is saved first.
     application.setBeforeFatalEnd(
         [&instrument] { return tessaly::savedWorkText(instrument.fatalEndSaves.runAll()); });

@@ -8,6 +8,13 @@ namespace tessaly {
 
 const char* const kExportFilter = "MIDI 文件|*.mid|WAV 音频|*.wav|MP3 音频|*.mp3";
 
+namespace {
+
+// The extensions of the filter's types, in its order.
+const char* const kTypeExtensions[] = {".mid", ".wav", ".mp3"};
+
+}  // namespace
+
 ExportButtons::ExportButtons(Instrument& live, Threading threading, std::string soundFont)
     : live_(live), threading_(threading), soundFont_(std::move(soundFont)) {
     live_.form1.DCYP.onClick = [this] { DCYP_Click(); };
@@ -22,23 +29,31 @@ ExportButtons::~ExportButtons() {
     if (job_.valid()) job_.wait();
 }
 
+std::optional<std::string> ExportButtons::chooseOutput() {
+    int type = -1;
+    std::optional<std::string> chosen =
+        live_.dialogs.saveFileOfType(kExportFilter, live_.state.AppDir + "演奏记录", type);
+    if (!chosen) return std::nullopt;
+    return withExportExtension(*chosen, type >= 1 && type <= 2 ? kTypeExtensions[type] : kTypeExtensions[0]);
+}
+
 void ExportButtons::DCYP_Click() {
     if (busy()) return;
-    std::optional<std::string> chosen = live_.dialogs.saveFile(kExportFilter, live_.state.AppDir + "演奏记录");
-    if (!chosen) return;
+    std::optional<std::string> output = chooseOutput();
+    if (!output) return;
     ExportRequest request;
     request.live = snapshotScore(live_);
-    request.output = withExportExtension(*chosen);
+    request.output = *output;
     begin(std::move(request), "乐谱");
 }
 
 void ExportButtons::DCBJ_Click() {
     if (busy()) return;
-    std::optional<std::string> chosen = live_.dialogs.saveFile(kExportFilter, live_.state.AppDir + "演奏记录");
-    if (!chosen) return;
+    std::optional<std::string> output = chooseOutput();
+    if (!output) return;
     ExportRequest request;
     request.live = snapshotSong(live_);
-    request.output = withExportExtension(*chosen);
+    request.output = *output;
     begin(std::move(request), "乐曲");
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 #include <atomic>
 #include <future>
+#include <optional>
 #include <string>
 
 #include "export/Exporter.h"
@@ -37,6 +38,9 @@ public:
     static constexpr int kPollMs = 100;
 
 private:
+    // The file named in the save dialog, with the extension of the type
+    // chosen there when the name has none we write.
+    std::optional<std::string> chooseOutput();
     void begin(ExportRequest request, const char* what);
     void timerDue() override;
 

@@ -37,8 +37,8 @@ std::string defaultExportPath(const std::string& input) {
     return std::filesystem::path(input).replace_extension(".mid").string();
 }
 
-std::string withExportExtension(const std::string& chosen) {
-    return exportFormatOf(chosen) ? chosen : chosen + ".mid";
+std::string withExportExtension(const std::string& chosen, const std::string& typeExtension) {
+    return exportFormatOf(chosen) ? chosen : chosen + typeExtension;
 }
 
 }  // namespace tessaly

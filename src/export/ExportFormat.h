@@ -19,7 +19,8 @@ std::optional<ExportInput> exportInputOf(const std::string& path);
 // The input's path with ".mid" in place of its extension.
 std::string defaultExportPath(const std::string& input);
 
-// A name chosen in the save dialog without an extension we write gets ".mid".
-std::string withExportExtension(const std::string& chosen);
+// A name chosen in the save dialog without an extension we write gets the
+// extension of the type chosen beside it.
+std::string withExportExtension(const std::string& chosen, const std::string& typeExtension = ".mid");
 
 }  // namespace tessaly

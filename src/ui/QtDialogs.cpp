@@ -46,6 +46,19 @@ std::optional<std::string> QtDialogs::saveFile(const std::string& filter, const 
                                                QString::fromStdString(startFolder), qtFileFilter(filter)));
 }
 
+int qtFilterIndex(const std::string& filter, const QString& entry) {
+    return static_cast<int>(qtFileFilter(filter).split(QStringLiteral(";;")).indexOf(entry));
+}
+
+std::optional<std::string> QtDialogs::saveFileOfType(const std::string& filter, const std::string& startFolder,
+                                                     int& chosenType) {
+    QString entry;
+    const QString path = QFileDialog::getSaveFileName(parentWindow(), QStringLiteral("保存"),
+                                                      QString::fromStdString(startFolder), qtFileFilter(filter), &entry);
+    chosenType = qtFilterIndex(filter, entry);
+    return chosen(path);
+}
+
 std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const std::string& title,
                                                const std::string& defaultText) {
     bool ok = false;

@@ -14,6 +14,8 @@ public:
 
     std::optional<std::string> openFile(const std::string& filter, const std::string& startFolder) override;
     std::optional<std::string> saveFile(const std::string& filter, const std::string& startFolder) override;
+    std::optional<std::string> saveFileOfType(const std::string& filter, const std::string& startFolder,
+                                              int& chosenType) override;
     std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
                                         const std::string& defaultText) override;
 
@@ -30,5 +32,8 @@ private:
 // the file dialog's own form: "乐谱记录txt (*.txt);;全部 (*.*)". Patterns
 // joined by ';' become a space-separated list.
 QString qtFileFilter(const std::string& filter);
+
+// Which pair of the filter an entry of the dialog's form stands for; -1 for none.
+int qtFilterIndex(const std::string& filter, const QString& entry);
 
 }  // namespace tessaly
