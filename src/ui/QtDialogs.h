@@ -19,7 +19,12 @@ public:
     std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
                                         const std::string& defaultText) override;
 
+    static constexpr int kFileDialogWidth = 860, kFileDialogHeight = 520;
+
 private:
+    // chosenType, when given, gets which pair of the filter was chosen (-1: none).
+    std::optional<std::string> runFileDialog(bool saving, const std::string& filter, const std::string& startFolder,
+                                             int* chosenType = nullptr);
     std::optional<std::string> chosen(const QString& path);
 
     // The window given, or the active one while that is hidden (the editor
@@ -35,5 +40,8 @@ QString qtFileFilter(const std::string& filter);
 
 // Which pair of the filter an entry of the dialog's form stands for; -1 for none.
 int qtFilterIndex(const std::string& filter, const QString& entry);
+
+// The file dialogs' own light style, whatever window they open over.
+QString fileDialogStyleSheet();
 
 }  // namespace tessaly

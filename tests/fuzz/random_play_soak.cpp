@@ -189,7 +189,7 @@ private:
         if (pick(0, 3) > 0) score += "TZ";
         const std::string path = (program_->dir / "演奏记录" / "soak.txt").string();
         std::ofstream(path, std::ios::binary | std::ios::trunc) << score;
-        program_->dialogs.queueFileAnswer(path);
+        program_->dialogs().queueFileAnswer(path);
         program_->app->form1.Yuepu[2].press();
         ++figures.scores;
     }
