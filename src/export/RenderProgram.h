@@ -1,16 +1,10 @@
 #pragma once
-#include <memory>
 #include <string>
 
-#include "platform/Platform.h"
-#include "platform/testing/EventLog.h"
-#include "platform/testing/RecordingPlatform.h"
 #include "platform/testing/ScriptedDialogs.h"
-#include "platform/testing/VirtualEventLoop.h"
+#include "shell/HeadlessProgram.h"
 
 namespace tessaly {
-
-class Instrument;
 
 // The dialogs of a render program: answered from the queue like the script
 // driver's, and able to stand where the live program's last dialog went.
@@ -29,36 +23,36 @@ struct RenderFolders {
     std::string userFolder;
 };
 
-// A whole program of its own for one export: the instrument on the recording
-// platform in virtual time, in a temporary data folder, started as a user
-// starts it. It shares nothing with the live program, so that it can run on
-// a worker thread while the live one plays.
+// A whole program of its own for one export: the headless instrument on the
+// recording platform in virtual time, in a temporary data folder, started as
+// a user starts it. It shares nothing with the live program, so that it can
+// run on a worker thread while the live one plays. What start-up sent stays
+// in the MIDI log: it is the state the play begins from.
 class RenderProgram {
 public:
     explicit RenderProgram(const RenderFolders& folders);
-    ~RenderProgram();
     RenderProgram(const RenderProgram&) = delete;
     RenderProgram& operator=(const RenderProgram&) = delete;
 
-    Instrument& instrument() { return *instrument_; }
-    const std::string& dataFolder() const { return dir_; }
+    Instrument& instrument() { return *headless_.app; }
+    std::string dataFolder() const { return headless_.dir.string(); }
     // Copies a file into the data folder's scores folder; its new path.
     std::string copyIntoScores(const std::string& path);
 
-    VirtualEventLoop loop;
-    EventLog log;
-    RecordingMidiPort midi{loop};
-    RecordingWaveOut wave{log};
-    RecordingMessageBoxes boxes{log};
     RenderDialogs dialogs;
-    Platform platform{loop, midi, wave, boxes};
+
+private:
+    HeadlessProgram headless_;
+
+public:
+    VirtualEventLoop& loop = headless_.loop;
+    EventLog& log = headless_.log;
+    RecordingMidiPort& midi = headless_.midi;
+    RecordingWaveOut& wave = headless_.wave;
 
 private:
     void borrowUserFiles(const std::string& userFolder);
-    void start();
-
-    std::string dir_;
-    std::unique_ptr<Instrument> instrument_;
+    void start(const std::string& shippedData);
 };
 
 }  // namespace tessaly
