@@ -6,15 +6,6 @@
 
 namespace tessaly {
 
-const char* const kExportFilter = "MIDI 文件|*.mid|WAV 音频|*.wav|MP3 音频|*.mp3";
-
-namespace {
-
-// The extensions of the filter's types, in its order.
-const char* const kTypeExtensions[] = {".mid", ".wav", ".mp3"};
-
-}  // namespace
-
 ExportButtons::ExportButtons(Instrument& live, Threading threading, std::string soundFont)
     : live_(live), threading_(threading), soundFont_(std::move(soundFont)) {
     live_.form1.DCYP.onClick = [this] { DCYP_Click(); };
@@ -34,7 +25,7 @@ std::optional<std::string> ExportButtons::chooseOutput() {
     std::optional<std::string> chosen =
         live_.dialogs.saveFileOfType(kExportFilter, live_.state.AppDir + "演奏记录", type);
     if (!chosen) return std::nullopt;
-    return withExportExtension(*chosen, type >= 1 && type <= 2 ? kTypeExtensions[type] : kTypeExtensions[0]);
+    return withExportExtension(*chosen, type);
 }
 
 void ExportButtons::DCYP_Click() {

@@ -52,6 +52,4 @@ private:
     std::string doneText_;
 };
 
-extern const char* const kExportFilter;
-
 }  // namespace tessaly

@@ -6,7 +6,12 @@
 
 namespace tessaly {
 
+const char* const kExportFilter = "MIDI 文件|*.mid|WAV 音频|*.wav|MP3 音频|*.mp3";
+
 namespace {
+
+// The extensions of the filter's types, in its order.
+const char* const kTypeExtensions[] = {".mid", ".wav", ".mp3"};
 
 std::string lowerExtension(const std::string& path) {
     std::string extension = std::filesystem::path(path).extension().string();
@@ -37,8 +42,9 @@ std::string defaultExportPath(const std::string& input) {
     return std::filesystem::path(input).replace_extension(".mid").string();
 }
 
-std::string withExportExtension(const std::string& chosen, const std::string& typeExtension) {
-    return exportFormatOf(chosen) ? chosen : chosen + typeExtension;
+std::string withExportExtension(const std::string& chosen, int chosenType) {
+    if (exportFormatOf(chosen)) return chosen;
+    return chosen + (chosenType >= 1 && chosenType <= 2 ? kTypeExtensions[chosenType] : kTypeExtensions[0]);
 }
 
 }  // namespace tessaly

@@ -19,8 +19,12 @@ std::optional<ExportInput> exportInputOf(const std::string& path);
 // The input's path with ".mid" in place of its extension.
 std::string defaultExportPath(const std::string& input);
 
+// The filter of the export's save dialog: MIDI, WAV, MP3, in this order.
+extern const char* const kExportFilter;
+
 // A name chosen in the save dialog without an extension we write gets the
-// extension of the type chosen beside it.
-std::string withExportExtension(const std::string& chosen, const std::string& typeExtension = ".mid");
+// extension of the filter's type chosen beside it (from 0; -1 when the
+// dialog cannot say, and then ".mid").
+std::string withExportExtension(const std::string& chosen, int chosenType = -1);
 
 }  // namespace tessaly
