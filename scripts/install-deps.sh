@@ -7,7 +7,7 @@ PACKAGES=(
   build-essential cmake ninja-build pkg-config
   qt6-base-dev qt6-translations-l10n
   libfluidsynth-dev fluidsynth timgm6mb-soundfont fluid-soundfont-gm
-  libsdl2-dev libsndfile1-dev libsamplerate0-dev librtmidi-dev
+  libsdl2-dev libsndfile1-dev libsamplerate0-dev librtmidi-dev libsmf-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   clang libclang-rt-14-dev
   xvfb xauth xdotool libxtst-dev fonts-noto-cjk

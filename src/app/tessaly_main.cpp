@@ -2,8 +2,11 @@
 // with the built-in synthesizer on the audio device.
 #include <QStyleFactory>
 
+#include <cstdlib>
+
 #include "ScreenshotOnStart.h"
 #include "SoundSystem.h"
+#include "export/ExportButtons.h"
 #include "platform/posix/FlockInstanceLock.h"
 #include "platform/qt/QtEventLoop.h"
 #include "runtime/FatalFailure.h"
@@ -44,6 +47,10 @@ int main(int argc, char** argv) {
     tessaly::SplashView splash(instrument.DZQQD);
     tessaly::FarewellView farewell(instrument.Form3);
     tessaly::EditorViewHost editor(instrument.YYBJ);
+    // Exports run on a worker with a program of their own; the instrument plays on.
+    // Audio exports sound as the instrument does: the same SoundFont.
+    const char* soundFont = std::getenv("TESSALY_SOUNDFONT");
+    tessaly::ExportButtons exporting(instrument, tessaly::ExportButtons::Threading::Worker, soundFont ? soundFont : "");
     // Whatever ends the program by a run-time failure, the user's work is saved first.
     application.setBeforeFatalEnd(
         [&instrument] { return tessaly::savedWorkText(instrument.fatalEndSaves.runAll()); });

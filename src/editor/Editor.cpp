@@ -69,6 +69,9 @@ void Editor::wire() {
     c.ST2.onClick = [this] { sequencer.ST2_Click(); };
     c.BCBJ.onClick = [this] { files.BCBJ_Click(); };
     c.DkBianji.onClick = [this] { files.DkBianji_Click(); };
+    c.DCBJ.onClick = [this] {
+        if (exportSong) exportSong();
+    };
     c.BZWJ.onClick = [this] { window.BZWJ_Click(); };
     c.TUICHU.onClick = [this] { window.TUICHU_Click(); };
     c.YYDS.onTimer = [this] { sequencer.YYDS_Timer(); };

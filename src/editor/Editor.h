@@ -1,4 +1,5 @@
 #pragma once
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -60,6 +61,9 @@ public:
     void wire();
     // Attaches the handler of a percussion box loaded at run time.
     void wireStep(int row, long index);
+
+    // The editor's export button: set by whoever exports.
+    std::function<void()> exportSong;
 
     // Makes the song and the editor's state readable by name.
     void registerVariables(ControlSystem& registry);

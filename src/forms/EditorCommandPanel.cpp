@@ -11,6 +11,7 @@ EditorCommandPanel::EditorCommandPanel(Form& form)
       ST2(form.add<CheckBox>("ST2")),
       BCBJ(form.add<Button>("BCBJ")),
       DkBianji(form.add<Button>("DkBianji")),
+      DCBJ(form.add<Button>("DCBJ")),
       BZWJ(form.add<Button>("BZWJ")),
       TUICHU(form.add<Button>("TUICHU")),
       YYDS(form.addTimer("YYDS")) {
@@ -25,6 +26,8 @@ EditorCommandPanel::EditorCommandPanel(Form& form)
     ST2.setCaption("从开始处启动");
     BCBJ.setCaption("保存编辑");
     DkBianji.setCaption("打开编辑");
+    DCBJ.setCaption("导出");
+    DCBJ.setToolTip("把编辑的乐曲导出为MIDI文件或WAV、MP3音频，可在其他音乐软件或手机上播放！");
     BZWJ.setCaption("帮助");
     TUICHU.setCaption("退出窗口");
 
@@ -37,6 +40,7 @@ EditorCommandPanel::EditorCommandPanel(Form& form)
     ST2.setGeometry({398, buttonTop, 120, height});
     BCBJ.setGeometry({8, fileTop, 84, height});
     DkBianji.setGeometry({98, fileTop, 84, height});
+    DCBJ.setGeometry({534, fileTop, 84, height});
     BZWJ.setGeometry({624, fileTop, 60, height});
     TUICHU.setGeometry({690, fileTop, 90, height});
 }

@@ -18,6 +18,7 @@ public:
     CheckBox& ST2;
     Button& BCBJ;
     Button& DkBianji;
+    Button& DCBJ;  // export
     Button& BZWJ;
     Button& TUICHU;
     TimerControl& YYDS;

@@ -24,6 +24,7 @@ MainWindow::MainWindow(ControlSystem& system, EventLoop& loop)
       File1(add<FileListBox>("File1")),
       XINJIAN(add<Button>("XINJIAN")),
       BJCK(add<Button>("BJCK")),
+      DCYP(add<Button>("DCYP")),
       Label11(add<Label>("Label11")),
       SD(add<ComboBox>("SD")),
       YD(add<ComboBox>("YD")),
@@ -76,6 +77,8 @@ MainWindow::MainWindow(ControlSystem& system, EventLoop& loop)
     XINJIAN.setToolTip("新建乐谱文件！");
     BJCK.setCaption("编辑");
     BJCK.setToolTip("使用音乐编辑窗口进行音乐编辑！");
+    DCYP.setCaption("导出");
+    DCYP.setToolTip("把乐谱编辑窗口中的乐谱导出为MIDI文件或WAV、MP3音频，可在其他音乐软件或手机上播放！");
 
     for (int i = 0; i < 3; ++i) {
         addElement(ComSounds, "ComSounds", i);

@@ -27,6 +27,7 @@ public:
     FileListBox& File1;
     Button& XINJIAN;
     Button& BJCK;
+    Button& DCYP;  // export
     Label& Label11;
 
     // Melody panel

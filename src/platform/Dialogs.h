@@ -12,6 +12,13 @@ public:
     virtual std::optional<std::string> openFile(const std::string& filter, const std::string& startFolder) = 0;
     // The dialog itself asks before an existing file is replaced.
     virtual std::optional<std::string> saveFile(const std::string& filter, const std::string& startFolder) = 0;
+    // The same, telling also which pair of the filter the user chose (from
+    // 0), or -1 where the dialog cannot say.
+    virtual std::optional<std::string> saveFileOfType(const std::string& filter, const std::string& startFolder,
+                                                      int& chosenType) {
+        chosenType = -1;
+        return saveFile(filter, startFolder);
+    }
     virtual std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
                                                 const std::string& defaultText) = 0;
 

@@ -24,6 +24,22 @@ public:
     static constexpr long lastRow = LastRow;
     static constexpr long lastColumn = LastColumn;
 
+    ChunkedTable2() = default;
+    ChunkedTable2(const ChunkedTable2& other) { *this = other; }
+    // Copies entry by entry into the chunks this table has, so that
+    // references into it stay valid.
+    ChunkedTable2& operator=(const ChunkedTable2& other) {
+        if (this == &other) return *this;
+        if (chunks_.empty()) chunks_.resize(static_cast<std::size_t>(kChunks));
+        for (std::size_t i = 0; i < chunks_.size(); ++i) {
+            const Chunk* from = i < other.chunks_.size() ? other.chunks_[i].get() : nullptr;
+            if (from && !chunks_[i]) chunks_[i] = std::make_unique<Chunk>(*from);
+            else if (from) *chunks_[i] = *from;
+            else if (chunks_[i]) chunks_[i]->fill(T{});
+        }
+        return *this;
+    }
+
     T& operator()(long row, long column) { return at(row, column); }
     const T& operator()(long row, long column) const { return at(row, column); }
 

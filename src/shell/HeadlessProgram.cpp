@@ -24,7 +24,8 @@ fs::path freshFolder(const HeadlessProgram::Options& options) {
 }  // namespace
 
 HeadlessProgram::HeadlessProgram(const Options& options) : dir(freshFolder(options)) {
-    app = std::make_unique<Instrument>(platform, dir.string());
+    platform.dialogs = options.dialogs;
+    app = std::make_unique<Instrument>(platform, dir.string(), options.shippedData);
     if (options.started) startUntilActive();
 }
 

@@ -22,6 +22,10 @@ struct HeadlessProgram {
         // Under /dev/shm where there is one: saves sync their files, and a
         // disk would make a fuzzer wait for every input.
         bool inMemory = false;
+        // Where the data that ships with the program is; empty: where the build put it.
+        std::string shippedData;
+        // Answers the file dialogs and input boxes in place of app->unansweredDialogs.
+        Dialogs* dialogs = nullptr;
     };
 
     VirtualEventLoop loop;

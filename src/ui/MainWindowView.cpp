@@ -136,6 +136,7 @@ void MainWindowView::buildScoreButtons() {
     for (auto& [index, button] : model_.Yuepu) make<QPushButton>(*button, *this, "scoreButton").setAutoDefault(false);
     make<QPushButton>(model_.XINJIAN, *this, "scoreButton").setAutoDefault(false);
     make<QPushButton>(model_.BJCK, *this, "scoreButton").setAutoDefault(false);
+    make<QPushButton>(model_.DCYP, *this, "scoreButton").setAutoDefault(false);
 }
 
 void MainWindowView::buildKeyboard() {

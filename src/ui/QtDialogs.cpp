@@ -55,7 +55,7 @@ QFileDialog QToolButton { background: transparent; }
 }
 
 std::optional<std::string> QtDialogs::runFileDialog(bool saving, const std::string& filter,
-                                                    const std::string& startFolder) {
+                                                    const std::string& startFolder, int* chosenType) {
     QFileDialog dialog(parentWindow(), saving ? QStringLiteral("保存") : QStringLiteral("打开"),
                        QString::fromStdString(startFolder), qtFileFilter(filter));
     // Qt's own dialog everywhere, in the program's language and colours.
@@ -74,6 +74,7 @@ std::optional<std::string> QtDialogs::runFileDialog(bool saving, const std::stri
     }
     // QFileDialog asks before it replaces an existing file.
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    if (chosenType) *chosenType = qtFilterIndex(filter, dialog.selectedNameFilter());
     return chosen(dialog.selectedFiles().constFirst());
 }
 
@@ -83,6 +84,16 @@ std::optional<std::string> QtDialogs::openFile(const std::string& filter, const 
 
 std::optional<std::string> QtDialogs::saveFile(const std::string& filter, const std::string& startFolder) {
     return runFileDialog(true, filter, startFolder);
+}
+
+int qtFilterIndex(const std::string& filter, const QString& entry) {
+    return static_cast<int>(qtFileFilter(filter).split(QStringLiteral(";;")).indexOf(entry));
+}
+
+std::optional<std::string> QtDialogs::saveFileOfType(const std::string& filter, const std::string& startFolder,
+                                                     int& chosenType) {
+    chosenType = -1;
+    return runFileDialog(true, filter, startFolder, &chosenType);
 }
 
 std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const std::string& title,

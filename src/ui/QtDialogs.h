@@ -14,13 +14,17 @@ public:
 
     std::optional<std::string> openFile(const std::string& filter, const std::string& startFolder) override;
     std::optional<std::string> saveFile(const std::string& filter, const std::string& startFolder) override;
+    std::optional<std::string> saveFileOfType(const std::string& filter, const std::string& startFolder,
+                                              int& chosenType) override;
     std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
                                         const std::string& defaultText) override;
 
     static constexpr int kFileDialogWidth = 860, kFileDialogHeight = 520;
 
 private:
-    std::optional<std::string> runFileDialog(bool saving, const std::string& filter, const std::string& startFolder);
+    // chosenType, when given, gets which pair of the filter was chosen (-1: none).
+    std::optional<std::string> runFileDialog(bool saving, const std::string& filter, const std::string& startFolder,
+                                             int* chosenType = nullptr);
     std::optional<std::string> chosen(const QString& path);
 
     // The window given, or the active one while that is hidden (the editor
@@ -33,6 +37,9 @@ private:
 // the file dialog's own form: "乐谱记录txt (*.txt);;全部 (*.*)". Patterns
 // joined by ';' become a space-separated list.
 QString qtFileFilter(const std::string& filter);
+
+// Which pair of the filter an entry of the dialog's form stands for; -1 for none.
+int qtFilterIndex(const std::string& filter, const QString& entry);
 
 // The file dialogs' own light style, whatever window they open over.
 QString fileDialogStyleSheet();

@@ -25,6 +25,13 @@ TEST(QtDialogs, FiltersAreTranslatedToTheFileDialogsForm) {
     EXPECT_EQ(qtFileFilter(""), "");
 }
 
+TEST(QtDialogs, TheChosenEntryOfAFilterIsFoundByItsPair) {
+    const std::string exports = "MIDI 文件|*.mid|WAV 音频|*.wav|MP3 音频|*.mp3";
+    EXPECT_EQ(qtFilterIndex(exports, "MIDI 文件 (*.mid)"), 0);
+    EXPECT_EQ(qtFilterIndex(exports, "MP3 音频 (*.mp3)"), 2);
+    EXPECT_EQ(qtFilterIndex(exports, ""), -1);
+}
+
 TEST(QtDialogs, IsADialogsOfThePlatformBeforeAnyDialogOpens) {
     QWidget parent;
     QtDialogs dialogs;

@@ -10,6 +10,7 @@
 
 #include "app/script/EditorRecorderStandIn.h"
 #include "app/script/SynthRendering.h"
+#include "export/ExportButtons.h"
 #include "forms/Controls.h"
 #include "forms/Form.h"
 #include "runtime/FatalFailure.h"
@@ -87,6 +88,7 @@ ScriptDriver::ScriptDriver(ScriptOptions options, std::ostream& out)
       clock_(loop_, LocalTime{2017, 5, 20, 9, 30, 0}),
       platform_{loop_, midi_, wave_, boxes_, instanceLock_, mci_, &dialogs_, urls_, clock_} {
     instrument_ = std::make_unique<Instrument>(platform_, appDir_, options_.shippedData);
+    exportButtons_ = std::make_unique<ExportButtons>(*instrument_, ExportButtons::Threading::Inline, options_.soundFont);
     logFormVisibility();
 }
 
@@ -117,6 +119,7 @@ void ScriptDriver::runUntilMainWindowActive() {
 
 ScriptDriver::~ScriptDriver() {
     editorRecorder_.reset();
+    exportButtons_.reset();
     instrument_.reset();
     synth_.reset();
     if (ownsAppDir_) {

@@ -16,6 +16,7 @@ namespace tessaly {
 class Instrument;
 class SynthRendering;
 struct EditorRecorderStandIn;
+class ExportButtons;
 
 struct ScriptOptions {
     std::string appDir;  // empty: a fresh temporary folder, removed at the end
@@ -66,6 +67,8 @@ private:
     Platform platform_;
     std::unique_ptr<Instrument> instrument_;
     std::unique_ptr<EditorRecorderStandIn> editorRecorder_;
+    // The export buttons, exporting at the click: a run stays deterministic.
+    std::unique_ptr<ExportButtons> exportButtons_;
 };
 
 // A value as the driver prints it: CR as \r, LF as \n, backslash doubled.
