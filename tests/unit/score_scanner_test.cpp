@@ -2,9 +2,11 @@
 
 #include <string>
 
+#include "analysis/ChordAddition.h"
 #include "analysis/ImportState.h"
 #include "analysis/ScoreScanner.h"
 #include "editor/EditorState.h"
+#include "editor/SongModel.h"
 #include "runtime/FatalFailure.h"
 
 using namespace tessaly;
@@ -108,4 +110,19 @@ TEST(ScoreScanner, AVeryLongRunOfNotesWithoutSlotsIsOnePass) {
     ASSERT_TRUE(scan.run(repeated("XZ1", 3'300'000) + "KC8TZ"));
     EXPECT_EQ(scan.melody(0, 4), "KC......TZ");
     EXPECT_EQ(scan.song.BarCount, 0);
+}
+
+TEST(ChordStepToken, IsTheInverseOfTheSongsCodesWithGapsAsHolds) {
+    int named = 0;
+    for (int code = -300; code <= 300; ++code) {
+        const std::string token = chordStepToken(code);
+        if (token == "--") continue;
+        ++named;
+        EXPECT_EQ(SYYPSB(token), code) << token;
+    }
+    // 33 notes, 21 chords and the rest.
+    EXPECT_EQ(named, 55);
+    EXPECT_EQ(chordStepToken(73), "DC");
+    EXPECT_EQ(chordStepToken(57), "--") << "MA has no code of its own";
+    EXPECT_EQ(chordStepToken(255), "--");
 }
