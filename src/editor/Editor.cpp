@@ -7,8 +7,8 @@
 namespace tessaly {
 
 Editor::Editor(Platform& platform_, SharedState& shared_, MidiOut& midi_, ChordLayers& chords_,
-               Accompaniment& accompaniment_, MainWindow& mainForm_, EditorWindow& form_, Dialogs& dialogs_,
-               ControlSystem& controls_)
+               ChordState& chordState, Accompaniment& accompaniment_, MainWindow& mainForm_, EditorWindow& form_,
+               Dialogs& dialogs_, ControlSystem& controls_)
     : state_(std::make_unique<EditorState>()),
       s(*state_),
       platform(platform_),
@@ -24,7 +24,8 @@ Editor::Editor(Platform& platform_, SharedState& shared_, MidiOut& midi_, ChordL
       barSettings(*this),
       sequencer(*this),
       files(*this),
-      window(*this) {
+      window(*this),
+      scoreImport(*this, chordState) {
     form.onLoad = [this] { window.Form_Load(); };
     form.onActivate = [this] { window.Form_Activate(); };
     form.onUnload = [this] { window.Form_Unload(); };
@@ -72,6 +73,7 @@ void Editor::wire() {
     c.BZWJ.onClick = [this] { window.BZWJ_Click(); };
     c.TUICHU.onClick = [this] { window.TUICHU_Click(); };
     c.YYDS.onTimer = [this] { sequencer.YYDS_Timer(); };
+    scoreImport.wire();
 }
 
 void Editor::registerVariables(ControlSystem& r) {

@@ -2,6 +2,7 @@
 #include <memory>
 #include <optional>
 
+#include "analysis/ScoreImport.h"
 #include "editor/BarEditing.h"
 #include "editor/BarSettings.h"
 #include "editor/EditFiles.h"
@@ -15,6 +16,7 @@ namespace tessaly {
 
 class Accompaniment;
 class ChordLayers;
+struct ChordState;
 class ControlSystem;
 class Dialogs;
 class MainWindow;
@@ -29,8 +31,9 @@ class Editor {
     std::unique_ptr<EditorState> state_;
 
 public:
-    Editor(Platform& platform, SharedState& shared, MidiOut& midi, ChordLayers& chords, Accompaniment& accompaniment,
-           MainWindow& mainForm, EditorWindow& form, Dialogs& dialogs, ControlSystem& controls);
+    Editor(Platform& platform, SharedState& shared, MidiOut& midi, ChordLayers& chords, ChordState& chordState,
+           Accompaniment& accompaniment, MainWindow& mainForm, EditorWindow& form, Dialogs& dialogs,
+           ControlSystem& controls);
     ~Editor();
     Editor(const Editor&) = delete;
     Editor& operator=(const Editor&) = delete;
@@ -51,6 +54,7 @@ public:
     EditorSequencer sequencer;
     EditFiles files;
     EditorWindowEvents window;
+    ScoreImport scoreImport;
 
     EditorBarPanel& bar() { return form.bar(); }
     EditorSettingsPanel& settings() { return form.settings(); }

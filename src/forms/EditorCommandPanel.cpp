@@ -11,6 +11,7 @@ EditorCommandPanel::EditorCommandPanel(Form& form)
       ST2(form.add<CheckBox>("ST2")),
       BCBJ(form.add<Button>("BCBJ")),
       DkBianji(form.add<Button>("DkBianji")),
+      DRYP(form.add<Button>("DRYP")),
       BZWJ(form.add<Button>("BZWJ")),
       TUICHU(form.add<Button>("TUICHU")),
       YYDS(form.addTimer("YYDS")) {
@@ -25,6 +26,8 @@ EditorCommandPanel::EditorCommandPanel(Form& form)
     ST2.setCaption("从开始处启动");
     BCBJ.setCaption("保存编辑");
     DkBianji.setCaption("打开编辑");
+    DRYP.setCaption("导入乐谱");
+    DRYP.setToolTip("打开txt乐谱，旋律放入乐器1和乐器2，并配上主窗口的和弦与节奏！");
     BZWJ.setCaption("帮助");
     TUICHU.setCaption("退出窗口");
 
@@ -35,6 +38,7 @@ EditorCommandPanel::EditorCommandPanel(Form& form)
     ZDXJZS.setGeometry({206, buttonTop, 60, height});
     ST1.setGeometry({280, buttonTop, 112, height});
     ST2.setGeometry({398, buttonTop, 120, height});
+    DRYP.setGeometry({530, buttonTop, 96, height});
     BCBJ.setGeometry({8, fileTop, 84, height});
     DkBianji.setGeometry({98, fileTop, 84, height});
     BZWJ.setGeometry({624, fileTop, 60, height});

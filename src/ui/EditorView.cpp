@@ -141,7 +141,7 @@ void EditorView::buildSettings() {
 void EditorView::buildCommands() {
     EditorCommandPanel& c = model_.commands();
     for (Control* button : std::initializer_list<Control*>{&c.BCBXJ, &c.CHARU, &c.QinKong, &c.ZDXJZS, &c.ST1, &c.ST2,
-                                                           &c.BCBJ, &c.DkBianji, &c.BZWJ, &c.TUICHU})
+                                                           &c.BCBJ, &c.DkBianji, &c.DRYP, &c.BZWJ, &c.TUICHU})
         make<QPushButton>(*button, *this, "command").setAutoDefault(false);
     // The two play controls stay down while they play.
     for (Control* play : {static_cast<Control*>(&c.ST1), static_cast<Control*>(&c.ST2)})
