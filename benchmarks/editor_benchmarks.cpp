@@ -9,40 +9,16 @@
 #include <string>
 
 #include "editor/EditFiles.h"
-#include "platform/testing/RecordingPlatform.h"
 #include "platform/testing/ScriptedDialogs.h"
-#include "platform/testing/VirtualEventLoop.h"
-#include "shell/Instrument.h"
+#include "shell/HeadlessProgram.h"
 
 using namespace tessaly;
 
 namespace {
 
 // The program in virtual time on the recording platform, with the editor open.
-struct OpenEditor {
-    VirtualEventLoop loop;
-    EventLog log;
-    RecordingMidiPort midi{loop};
-    RecordingWaveOut wave{log};
-    RecordingMessageBoxes boxes{log};
-    Platform platform{loop, midi, wave, boxes};
-    std::filesystem::path dir;
-    std::unique_ptr<Instrument> app;
-
-    OpenEditor() {
-        dir = std::filesystem::temp_directory_path() / ("tessaly-editor-bench-" + std::to_string(getpid()));
-        std::filesystem::create_directories(dir / "音效");
-        app = std::make_unique<Instrument>(platform, dir.string());
-        app->start();
-        while (!app->activated()) loop.advance(1);
-        app->form1.BJCK.userClick();
-        midi.take();
-    }
-    ~OpenEditor() {
-        app.reset();
-        std::error_code error;
-        std::filesystem::remove_all(dir, error);
-    }
+struct OpenEditor : HeadlessProgram {
+    OpenEditor() : HeadlessProgram(Options{"tessaly-editor-bench"}) { app->form1.BJCK.userClick(); }
     EditorState& song() { return app->editor.s; }
     std::string file(const std::string& name) const { return (dir / "演奏记录" / name).string(); }
 

@@ -3,39 +3,15 @@
 // player, as one run of commands (all read inside one tick) and as notes.
 #include <benchmark/benchmark.h>
 
-#include <filesystem>
-#include <memory>
 #include <string>
 
-#include "platform/testing/RecordingPlatform.h"
-#include "platform/testing/VirtualEventLoop.h"
-#include "shell/Instrument.h"
+#include "shell/HeadlessProgram.h"
 
 using namespace tessaly;
 
 namespace {
 
-struct Program {
-    VirtualEventLoop loop;
-    EventLog log;
-    RecordingMidiPort midi{loop};
-    RecordingWaveOut wave{log};
-    RecordingMessageBoxes boxes{log};
-    Platform platform{loop, midi, wave, boxes};
-    std::filesystem::path dir = std::filesystem::temp_directory_path() / "tessaly-score-benchmark";
-    std::unique_ptr<Instrument> app;
-
-    Program() {
-        std::filesystem::create_directories(dir / "音效");
-        app = std::make_unique<Instrument>(platform, dir.string());
-        app->start();
-        while (!app->activated()) loop.advance(1);
-    }
-    ~Program() {
-        app.reset();
-        std::filesystem::remove_all(dir);
-    }
-
+struct Program : HeadlessProgram {
     // Reads the score from its start as the player does, item after item,
     // until the stop; returns the number of reads.
     int readWhole(const std::string& score) {

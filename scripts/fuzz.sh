@@ -3,6 +3,8 @@
 #   scripts/fuzz.sh --build                     configures and builds every fuzzer
 #   scripts/fuzz.sh NAME SEEDS [ARGS...]        runs build-fuzz/tests/fuzz/NAME on its
 #                                               corpus, seeded from the files in SEEDS
+#   scripts/fuzz.sh --soak [--seed N] [--minutes M]
+#                                               random play in virtual time, same checks
 # e.g. scripts/fuzz.sh score_reader_fuzzer data/演奏记录 -runs=1000000
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -14,6 +16,10 @@ if [ "${1:-}" = "--build" ]; then
   cmake -S . -B build-fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
     -DTESSALY_BUILD_TESTS=OFF -DTESSALY_BUILD_BENCHMARKS=OFF -DTESSALY_FUZZ=ON >/dev/null
   exec cmake --build build-fuzz --target fuzzers -j"$(nproc)"
+fi
+if [ "${1:-}" = "--soak" ]; then
+  shift
+  exec build-fuzz/tests/fuzz/random_play_soak "$@"
 fi
 name=$1 seeds=$2
 shift 2

@@ -5,7 +5,7 @@ set -euo pipefail
 
 PACKAGES=(
   build-essential cmake ninja-build pkg-config
-  qt6-base-dev
+  qt6-base-dev qt6-translations-l10n
   libfluidsynth-dev fluidsynth timgm6mb-soundfont fluid-soundfont-gm
   libsdl2-dev libsndfile1-dev libsamplerate0-dev librtmidi-dev
   libgtest-dev libgmock-dev libbenchmark-dev

@@ -139,11 +139,36 @@ void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& w
                 instrument.YYBJ.commands().BCBXJ.userClick();
             });
         });
+    } else if (of == QLatin1String("entry")) {
+        whenMainWindowIsUp(instrument, main, [&instrument, &windows, path] {
+            instrument.form1.XINJIAN.userClick();
+            instrument.YYLR.Text1.setText("KC8KCKGKGKAKAKG16\r\nKF8KFKEKEKDKDKC16\r\nTZ");
+            instrument.YYLR.WJMC.setText("小星星");
+            QTimer::singleShot(kSettleMs, &windows.scoreEntry,
+                               [&windows, path] { save(windows.scoreEntry.grab(), path); });
+        });
+    } else if (of == QLatin1String("dialog")) {
+        whenMainWindowIsUp(instrument, main, [&instrument, &main, path] {
+            // The dialog runs its own loop: the picture is taken from within it.
+            QTimer::singleShot(kSettleMs, &main, [path] {
+                QWidget* dialog = QApplication::activeModalWidget();
+                if (dialog) save(screenAround(*dialog), path);
+                else save(QPixmap(), path);
+            });
+            instrument.form1.Yuepu[2].userClick();
+        });
     } else {
-        const int tab = of == QLatin1String("shortcuts") ? 5 : of == QLatin1String("chords") ? 1 : -1;
-        whenMainWindowIsUp(instrument, main, [&instrument, &main, path, tab] {
-            if (tab >= 0) instrument.form1.Xxk[tab].userClick();
-            QTimer::singleShot(kSettleMs, &main, [&main, path] { save(main.grab(), path); });
+        whenMainWindowIsUp(instrument, main, [&instrument, &main, path, of] {
+            MainWindow& form = instrument.form1;
+            if (of == QLatin1String("shortcuts")) form.Xxk[5].userClick();
+            if (of == QLatin1String("help")) form.Xxk[4].userClick();
+            if (of == QLatin1String("chords")) form.Xxk[1].userClick();
+            if (of == QLatin1String("keymap")) form.statusArea.Image3.userClick();
+            if (of == QLatin1String("small")) form.userClick();
+            // The small window is framed by the screen around it.
+            const bool framed = of == QLatin1String("small");
+            QTimer::singleShot(kSettleMs, &main,
+                               [&main, path, framed] { save(framed ? screenAround(main) : main.grab(), path); });
         });
     }
 }

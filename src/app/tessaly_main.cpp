@@ -11,12 +11,15 @@
 #include "shell/Instrument.h"
 #include "shell/FatalEndSaves.h"
 #include "ui/EditorView.h"
+#include "ui/ChineseTranslations.h"
+#include "ui/DesktopUrlOpener.h"
 #include "ui/FarewellView.h"
 #include "ui/GuardedApplication.h"
 #include "ui/InstrumentStyle.h"
 #include "ui/MainWindowView.h"
 #include "ui/QtDialogs.h"
 #include "ui/QtMessageBoxes.h"
+#include "ui/ScoreEntryView.h"
 #include "ui/SplashView.h"
 
 int main(int argc, char** argv) {
@@ -24,6 +27,7 @@ int main(int argc, char** argv) {
     tessaly::GuardedApplication::setApplicationName("tessaly");
     tessaly::GuardedApplication::setStyle(QStyleFactory::create("Fusion"));
     tessaly::GuardedApplication::setFont(tessaly::instrumentFont());
+    tessaly::installChineseTranslations();
 
     const std::string appDir = tessaly::appFolderFromEnvironment();
     tessaly::QtEventLoop loop;
@@ -31,8 +35,8 @@ int main(int argc, char** argv) {
     tessaly::QtMessageBoxes boxes;
     tessaly::FlockInstanceLock instanceLock;
     tessaly::QtDialogs dialogs;
-    tessaly::Platform platform{loop, sound.midi, sound.wave, boxes, instanceLock, sound.recorder};
-    platform.dialogs = &dialogs;
+    tessaly::DesktopUrlOpener browser;
+    tessaly::Platform platform{loop, sound.midi, sound.wave, boxes, instanceLock, sound.recorder, &dialogs, browser};
 
     tessaly::Instrument instrument(platform, appDir, TESSALY_BUILD_DATA_DIR);
     tessaly::MainWindowView window(instrument.form1);
@@ -43,6 +47,7 @@ int main(int argc, char** argv) {
     // Whatever ends the program by a run-time failure, the user's work is saved first.
     application.setBeforeFatalEnd(
         [&instrument] { return tessaly::savedWorkText(instrument.fatalEndSaves.runAll()); });
+    tessaly::ScoreEntryView scoreEntry(instrument.YYLR);
     boxes.setParentWindow(&window);
     dialogs.setParentWindow(&window);
     window.onUserClose = [&instrument] { instrument.close(); };
@@ -60,8 +65,12 @@ int main(int argc, char** argv) {
         application.reportFailure(failure.what());
         return tessaly::kFailureExitCode;
     }
-    // The start itself ends the program when another instance is running.
-    if (instrument.ended()) return instrument.exitStatus();
-    tessaly::screenshotOnStartIfAsked(instrument, {splash, window, farewell, editor});
+    // The start itself ends the program when another instance is running,
+    // after its notice has been up for its time.
+    if (instrument.ended()) {
+        boxes.waitForTimedBoxes();
+        return instrument.exitStatus();
+    }
+    tessaly::screenshotOnStartIfAsked(instrument, {splash, window, farewell, editor, scoreEntry});
     return tessaly::GuardedApplication::exec();
 }

@@ -36,17 +36,6 @@ bool holdsAnything(const EditorState& s, long lastBar) {
     return false;
 }
 
-// "恢复的编辑记录.lnk", or with "(2)", "(3)", ... where that is taken: an
-// earlier recovery is never written over.
-std::string freeRecoveryPath(const std::string& folder) {
-    std::error_code error;
-    for (int n = 1;; ++n) {
-        std::string name = std::string(kRecoveredName) + (n == 1 ? "" : "(" + std::to_string(n) + ")") + ".lnk";
-        std::string path = folder + name;
-        if (!std::filesystem::exists(path, error)) return path;
-    }
-}
-
 }  // namespace
 
 std::optional<FatalEndSaves::Saved> Editor::saveForRecovery() {
@@ -55,7 +44,7 @@ std::optional<FatalEndSaves::Saved> Editor::saveForRecovery() {
     const std::string folder = shared.AppDir + "演奏记录/";
     std::error_code error;
     std::filesystem::create_directories(folder, error);
-    const std::string path = freeRecoveryPath(folder);
+    const std::string path = freeRecoveryPath(folder, kRecoveredName, ".lnk");
     if (!replaceFile(path, joinLines(editFileLines(s, lastBar)))) return std::nullopt;
     return FatalEndSaves::Saved{"编辑器中的乐曲", path};
 }

@@ -91,12 +91,26 @@ bool Control::hasFocus() const { return form_ && system().focused() == this; }
 
 void Control::setFocus() { system().setFocus(*this); }
 
+bool Control::reachable() const {
+    // A disabled window takes nothing from the user, whatever its controls say.
+    const bool windowEnabled = !form_ || form_ == this || form_->enabled();
+    return enabled_ && visible_ && windowEnabled;
+}
+
 void Control::userClick() {
-    if (!enabled_ || !visible_) return;
+    if (!reachable()) return;
     if (canTakeFocus()) setFocus();
     if (onMouseDown) onMouseDown(1, 0, 0, 0);
     if (onMouseUp) onMouseUp(1, 0, 0, 0);
     clickAction();
+}
+
+void Control::userDragOver() {
+    if (reachable()) fire(onDragOver);
+}
+
+void Control::userMouseMove(int button) {
+    if (reachable() && onMouseMove) onMouseMove(button, 0, 0, 0);
 }
 
 int Control::observe(Observer observer) {

@@ -16,7 +16,7 @@ enum class ControlKind {
 };
 
 // What changed on a control, for the views that draw it.
-enum class Prop { Value, Caption, Text, Selection, ListIndex, Items, Enabled, Visible, ToolTip, Geometry, Picture, Timer, BackColor };
+enum class Prop { Value, Caption, Text, Selection, ListIndex, Items, Enabled, Visible, ToolTip, Geometry, Picture, Timer, BackColor, Backdrop };
 
 // The background colour a control has until one is set: the system's own.
 constexpr int32_t kSystemBackColor = static_cast<int32_t>(0x8000000F);
@@ -67,6 +67,13 @@ public:
     // The user's click: focus first where it can go, then mouse down, mouse up
     // and the control's own click action.
     virtual void userClick();
+    // The pointer moves over the control, with the button held after a press
+    // on a drag source (a drag) or without (a move). A disabled or hidden
+    // control hears neither.
+    void userDragOver();
+    void userMouseMove(int button);
+    // Enabled and visible, on a window that is enabled: the user can reach it.
+    bool reachable() const;
 
     // Events, set by the handlers of the logic.
     std::function<void()> onClick, onGotFocus, onLostFocus;

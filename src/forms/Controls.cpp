@@ -173,6 +173,13 @@ void TextBox::setText(std::string text) {
     if (onChange) onChange();
 }
 
+void TextBox::makeSeeThrough(int offsetX, int offsetY) {
+    seeThrough_ = true;
+    backdropX_ = offsetX;
+    backdropY_ = offsetY;
+    changed(Prop::Backdrop);
+}
+
 void TextBox::setSelStart(long start) {
     if (start < 0) throw FatalFailure(FailureKind::InvalidCall, fullName() + ".SelStart");
     selStart_ = std::min<std::size_t>(static_cast<std::size_t>(start), length());
@@ -211,6 +218,7 @@ std::optional<std::string> TextBox::property(std::string_view prop) const {
     if (prop == "SelLength") return std::to_string(selLength_);
     if (prop == "SelText") return selText();
     if (prop == "MaxLength") return std::to_string(maxLength_);
+    if (prop == "SeeThrough") return truthText(seeThrough_);
     return Control::property(prop);
 }
 

@@ -113,6 +113,11 @@ public:
     void setSelText(const std::string& text);
     int maxLength() const { return maxLength_; }
     void setMaxLength(int length) { maxLength_ = length; }
+    // The box shows the window's picture behind its text; the offsets are
+    // what lies between the box's container and the window. Asking again
+    // renews the backdrop (after the picture behind has changed).
+    void makeSeeThrough(int offsetX, int offsetY);
+    bool seeThrough() const { return seeThrough_; }
 
     std::function<void()> onChange;
 
@@ -124,6 +129,8 @@ private:
     std::size_t selStart_ = 0;
     std::size_t selLength_ = 0;
     int maxLength_ = 0;
+    bool seeThrough_ = false;
+    int backdropX_ = 0, backdropY_ = 0;
 };
 
 class Label : public Control {

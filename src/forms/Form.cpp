@@ -57,10 +57,15 @@ void Form::unload() {
     if (!loaded_) return;
     if (onUnload) onUnload();
     // An unloaded form's timers no longer run.
-    for (auto& control : controls_)
-        if (auto* timer = dynamic_cast<TimerControl*>(control.get())) timer->setTimerEnabled(false);
+    stopTimers();
     hide();
     loaded_ = false;
+}
+
+void Form::stopTimers(const TimerControl* keep) {
+    for (auto& control : controls_)
+        if (auto* timer = dynamic_cast<TimerControl*>(control.get()); timer && timer != keep)
+            timer->setTimerEnabled(false);
 }
 
 void Form::activate() {

@@ -72,6 +72,8 @@ public:
     void unload();
     // The window becomes the active one.
     void activate();
+    // Stops every timer of the window but the one named.
+    void stopTimers(const TimerControl* keep = nullptr);
 
     std::function<void()> onLoad, onActivate, onUnload;
 

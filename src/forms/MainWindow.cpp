@@ -46,7 +46,9 @@ MainWindow::MainWindow(ControlSystem& system, EventLoop& loop)
       Command1(add<Button>("Command1")),
       rhythmPage(*this),
       chordPage(*this),
-      recorderPanel(*this) {
+      recorderPanel(*this),
+      helpPage(*this),
+      statusArea(*this) {
     setCaption("Tessaly201705");
 
     SFYXYZ.setCaption("键盘");
@@ -98,6 +100,9 @@ MainWindow::MainWindow(ControlSystem& system, EventLoop& loop)
     Xxk[0].setValue(true);
 
     Timer2.setInterval(1000);
+    const char* smallWindowTip = "在窗体空白处点击鼠标可以有效地缩小窗体，方便在桌面放置乐谱，再次点击即可恢复！";
+    Text3.setToolTip(smallWindowTip);
+    XSWB.setToolTip(smallWindowTip);
 
     addShortcutPage();
     Command1.setCaption("退出");

@@ -2,8 +2,10 @@
 #include "forms/ChordPage.h"
 #include "forms/FileListBox.h"
 #include "forms/Form.h"
+#include "forms/HelpPage.h"
 #include "forms/RhythmPage.h"
 #include "forms/MainRecorderPanel.h"
+#include "forms/StatusArea.h"
 #include "forms/TabButton.h"
 
 namespace tessaly {
@@ -75,6 +77,9 @@ public:
     ChordPage chordPage;
     // The recorder: Image1(0..2), BcLY, Label12
     MainRecorderPanel recorderPanel;
+    // The help panel, and the status lines, key map and web buttons
+    HelpPage helpPage;
+    StatusArea statusArea;
 
 private:
     void addShortcutPage();

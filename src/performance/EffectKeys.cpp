@@ -20,13 +20,24 @@ int effectSlot(int keyCode) {
     return 0;
 }
 
-bool EffectKeys::playEffectFile(const std::string& name) {
-    std::string path = state_.AppDir + "音效/" + name;
+std::optional<std::string> findEffectFile(const std::string& folder, const std::string& name) {
     std::error_code error;
-    // A name may end in a blank that belongs to it: the file is looked up as named.
-    if (!std::filesystem::is_regular_file(std::filesystem::path(path), error)) return false;
-    platform_.wave.playSound(path, 3);
-    platform_.wave.playSound(path, 1);
+    auto exists = [&](const std::string& path) { return std::filesystem::is_regular_file(path, error); };
+    // The file as named first, a trailing blank included.
+    if (exists(folder + name)) return folder + name;
+    // Names written where the file system drops trailing blanks and dots
+    // ("钟声.wav ") find the file that was stored without them.
+    std::string trimmed = name;
+    while (!trimmed.empty() && (trimmed.back() == ' ' || trimmed.back() == '.')) trimmed.pop_back();
+    if (!trimmed.empty() && trimmed != name && exists(folder + trimmed)) return folder + trimmed;
+    return std::nullopt;
+}
+
+bool EffectKeys::playEffectFile(const std::string& name) {
+    std::optional<std::string> path = findEffectFile(state_.AppDir + "音效/", name);
+    if (!path) return false;
+    platform_.wave.playSound(*path, 3);
+    platform_.wave.playSound(*path, 1);
     return true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace tessaly {
@@ -26,6 +27,10 @@ private:
     SharedState& state_;
     MainWindow& form_;
 };
+
+// The path of an effect file in the folder (ending in a separator): the name
+// as it stands, else the name without its trailing blanks and dots.
+std::optional<std::string> findEffectFile(const std::string& folder, const std::string& name);
 
 // The slot of EffectFile for a key code: Insert, Home, PageUp, Delete, End,
 // PageDown are 0..5; any other key gives 0.

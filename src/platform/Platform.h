@@ -6,6 +6,8 @@
 #include "platform/MciCommands.h"
 #include "platform/MessageBoxes.h"
 #include "platform/MidiPort.h"
+#include "platform/UrlOpener.h"
+#include "platform/WallClock.h"
 #include "platform/WaveOut.h"
 
 namespace tessaly {
@@ -20,6 +22,8 @@ struct Platform {
     MciCommands& mci = noMciCommands();
     // File dialogs and the input box; none given, every dialog is cancelled.
     Dialogs* dialogs = nullptr;
+    UrlOpener& urls = noUrlOpener();
+    const WallClock& clock = systemWallClock();
 };
 
 }  // namespace tessaly

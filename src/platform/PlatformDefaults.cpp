@@ -1,5 +1,6 @@
 #include "platform/InstanceLock.h"
 #include "platform/MciCommands.h"
+#include "platform/UrlOpener.h"
 
 namespace tessaly {
 
@@ -15,11 +16,21 @@ public:
     MciResult execute(const std::string&) override { return {}; }
 };
 
+class NoBrowser : public UrlOpener {
+public:
+    bool open(const std::string&) override { return false; }
+};
+
 }  // namespace
 
 InstanceLock& noInstanceLock() {
     static AlwaysFree lock;
     return lock;
+}
+
+UrlOpener& noUrlOpener() {
+    static NoBrowser browser;
+    return browser;
 }
 
 MciCommands& noMciCommands() {

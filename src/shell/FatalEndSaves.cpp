@@ -1,5 +1,7 @@
 #include "shell/FatalEndSaves.h"
 
+#include <filesystem>
+
 namespace tessaly {
 
 std::vector<FatalEndSaves::Saved> FatalEndSaves::runAll() noexcept {
@@ -14,6 +16,14 @@ std::vector<FatalEndSaves::Saved> FatalEndSaves::runAll() noexcept {
         }
     }
     return saved;
+}
+
+std::string freeRecoveryPath(const std::string& folder, const std::string& name, const std::string& extension) {
+    std::error_code error;
+    for (int n = 1;; ++n) {
+        std::string path = folder + name + (n == 1 ? "" : "(" + std::to_string(n) + ")") + extension;
+        if (!std::filesystem::exists(std::filesystem::symlink_status(path, error))) return path;
+    }
 }
 
 std::string savedWorkText(const std::vector<FatalEndSaves::Saved>& saved, const std::string& base) {

@@ -28,6 +28,11 @@ private:
     bool ran_ = false;
 };
 
+// A path in `folder` for a recovered file: `name` + `extension`, or with
+// "(2)", "(3)", ... behind the name where that is taken, so that an earlier
+// recovery is never written over.
+std::string freeRecoveryPath(const std::string& folder, const std::string& name, const std::string& extension);
+
 // The lines that tell the user where the work was kept, for the failure's box.
 // `base` is cut from the front of each path when it begins with it.
 std::string savedWorkText(const std::vector<FatalEndSaves::Saved>& saved, const std::string& base = {});

@@ -5,6 +5,7 @@
 #include "notation/NoteVocabulary.h"
 #include "analysis/ImportState.h"
 #include "chords/ChordRegistry.h"
+#include "score/ScoreRecovery.h"
 #include "shell/StateRegistry.h"
 
 namespace tessaly {
@@ -20,16 +21,21 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       accompaniment(state, midi, form1, chords),
       effects(platform_, state, form1),
       keyboard(platform_, state, midi, form1, accompaniment, chords, effects),
+      mouse(state, midi, form1),
       DZQQD(controls, platform_.loop),
       Form3(controls, platform_.loop),
       settings(platform_, state, midi, form1),
       shortcuts(platform_, state, midi, form1, effects),
       startUp(*this),
       panels(form1),
+      help(form1),
+      windowShell(platform_, form1),
       dialogs(platform_.dialogs ? *platform_.dialogs : unansweredDialogs),
       rhythmFiles(platform_, state, midi, form1, dialogs),
       scorePlayer(platform_, state, midi, form1, accompaniment, chords, rhythmFiles, dialogs),
       scorePanel(state, form1, scorePlayer, accompaniment, chords, dialogs, controls),
+      YYLR(controls, platform_.loop),
+      scoreEntry(state, YYLR, form1, dialogs),
       rhythmSequencer(platform_, state, form1, accompaniment, chords),
       patternEditing(state, midi, form1),
       chordSequencer(state, chordState, midi, form1, chords),
@@ -41,12 +47,18 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
     keyboard.wire();
+    mouse.wire();
     shortcuts.wire();
     startUp.wire();
     panels.wire();
+    panels.setEntryAction(4, [this] { help.enterHelpTab(); });
+    panels.addSeeThroughBox(4, form1.helpPage.Text1);
     panels.setEntryAction(5, [this] { shortcuts.enterShortcutTab(); });
+    help.wire();
+    windowShell.wire();
     scorePlayer.wire();
     scorePanel.wire();
+    scoreEntry.wire();
     rhythmFiles.wire();
     rhythmSequencer.wire();
     patternEditing.wire();
@@ -56,12 +68,12 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     patternEditing.onMetreChanged = [this](int metre) { chordPageHandlers.metreChanged(metre == 1); };
     panels.setEntryAction(1, [this] { chordPageHandlers.enterChordTab(); });
     recorder.wire();
-    // So far the recorder is all that Timer2 serves.
-    form1.Timer2.onTimer = [this] { recorder.Timer2_Timer(); };
+    windowShell.pollRecorder = [this] { recorder.Timer2_Timer(); };
     form1.BCSZ.onClick = [this] { settings.BCSZ_Click(); };
     form1.ComDevies.onClick = [this] { ComDevies_Click(); };
     form1.onLoad = [this] { Form_Load(); };
     form1.onActivate = [this] { Form_Activate(); };
+    fatalEndSaves.add([this] { return saveScoreForRecovery(state, form1); });
     fatalEndSaves.add([this] { return editor.saveForRecovery(); });
     registerVariables();
 }
@@ -74,6 +86,7 @@ void Instrument::registerVariables() {
     registerRecorderState(controls, recorderState);
     editor.registerVariables(controls);
     registerImportState(controls, editor.scoreImport.state());
+    windowShell.registerVariables(controls);
 }
 
 void Instrument::start() { startUp.begin(); }
@@ -95,6 +108,7 @@ void Instrument::Form_Load() {
     if (form1.ComDevies.listCount() > 0) form1.ComDevies.setListIndex(0);
     const int16_t pans[8] = {64, 50, 78, 40, 88, 35, 93, 64};
     for (int channel = 0; channel < 8; ++channel) midi.ChannelPan[channel] = pans[channel];
+    form1.Text3.makeSeeThrough(580, 32);
     YFSZDY(state.keys);
     YFDHDY(state.keys);
     YFXSDY(state.keys);
@@ -110,6 +124,10 @@ void Instrument::Form_Activate() {
     form1.SFYXYZ.setEnabled(true);
     form1.SFYXYZ.setFocus();
     form1.Label1.setVisible(false);
+    // The focus given above reaches the button only once the window is up, as
+    // its GotFocus, which shows the damper strip again: the keys and the strip
+    // are ready together.
+    if (form1.SFYXYZ.hasFocus()) keyboard.SFYXYZ_GotFocus();
     activated_ = true;
     form1.Timer2.setTimerEnabled(true);
     chordPageHandlers.rebuildAtActivation();

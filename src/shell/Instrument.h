@@ -12,10 +12,12 @@
 #include "forms/EditorWindow.h"
 #include "forms/FarewellWindow.h"
 #include "forms/MainWindow.h"
+#include "forms/ScoreEntryWindow.h"
 #include "forms/SplashWindow.h"
 #include "midi/MidiOut.h"
 #include "performance/EffectKeys.h"
 #include "performance/KeyboardPlay.h"
+#include "performance/MousePlay.h"
 #include "performance/ShortcutPage.h"
 #include "platform/Platform.h"
 #include "platform/testing/ScriptedDialogs.h"
@@ -27,8 +29,11 @@
 #include "shell/FatalEndSaves.h"
 #include "shell/SettingsFile.h"
 #include "shell/StartUp.h"
+#include "shell/HelpPanel.h"
 #include "shell/MainPanels.h"
+#include "shell/MainWindowShell.h"
 #include "rhythm/RhythmFiles.h"
+#include "score/ScoreEntry.h"
 #include "score/ScorePanel.h"
 #include "score/ScorePlayer.h"
 #include "state/SharedState.h"
@@ -79,18 +84,23 @@ public:
     Accompaniment accompaniment;
     EffectKeys effects;
     KeyboardPlay keyboard;
+    MousePlay mouse;
     SplashWindow DZQQD;
     FarewellWindow Form3;
     SettingsFile settings;
     ShortcutPage shortcuts;
     StartUp startUp;
     MainPanels panels;
+    HelpPanel help;
+    MainWindowShell windowShell;
     // Answers cancel to every dialog while the platform gives none.
     ScriptedDialogs unansweredDialogs;
     Dialogs& dialogs;
     RhythmFiles rhythmFiles;
     ScorePlayer scorePlayer;
     ScorePanel scorePanel;
+    ScoreEntryWindow YYLR;
+    ScoreEntry scoreEntry;
     RhythmSequencer rhythmSequencer;
     PatternEditing patternEditing;
     ChordSequencer chordSequencer;

@@ -6,6 +6,9 @@ namespace tessaly {
 
 namespace {
 
+// What lies between a panel's boxes and the form.
+constexpr int kPanelBoxOffsetX = 8, kPanelBoxOffsetY = 32;
+
 struct TabTexts {
     int tab;
     const char* status;
@@ -33,6 +36,11 @@ void MainPanels::wire() {
 
 void MainPanels::setEntryAction(int tab, std::function<void()> action) { entryActions_[tab] = std::move(action); }
 
+void MainPanels::addSeeThroughBox(int tab, TextBox& box) {
+    seeThroughBoxes_.emplace(tab, &box);
+    box.makeSeeThrough(kPanelBoxOffsetX, kPanelBoxOffsetY);
+}
+
 void MainPanels::Xxk_Click(int Index) {
     for (auto& [index, panel] : form_.Jiezhou) panel->setVisible(index == Index);
     for (const TabTexts& texts : kTabTexts)
@@ -40,6 +48,10 @@ void MainPanels::Xxk_Click(int Index) {
             form_.FJWZ.setCaption(texts.status);
             form_.XSWB.setCaption(texts.information);
         }
+    if (Index == 1 || Index == 2 || Index == 4) {
+        auto [first, last] = seeThroughBoxes_.equal_range(Index);
+        for (auto it = first; it != last; ++it) it->second->makeSeeThrough(kPanelBoxOffsetX, kPanelBoxOffsetY);
+    }
     if (auto entry = entryActions_.find(Index); entry != entryActions_.end() && entry->second) entry->second();
     // Play can go on at once, whatever panel the user opened.
     form_.SFYXYZ.setEnabled(true);

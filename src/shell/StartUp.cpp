@@ -52,6 +52,14 @@ void StartUp::Form1_Close() {
 
 void StartUp::shutDown(bool closingWindow) {
     app_.midi.CloseMidi();
+    // Nothing may send to the closed device during the farewell: the clocks
+    // that play stop with it (the date clock alone goes on), and the window
+    // takes no more keys or clicks.
+    MainWindow& form = app_.form1;
+    form.stopTimers(&form.Timer2);
+    if (Control* focused = app_.controls.focused(); focused && focused->form() == &form)
+        app_.controls.dropFocus(*focused);
+    form.setEnabled(false);
     if (closingWindow) app_.platform.mci.send("CLOSE NN");
     app_.DZQQD.unload();
     app_.Form3.show();

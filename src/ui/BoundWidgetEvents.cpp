@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWidget>
+#include <utility>
 
 #include "forms/Control.h"
 #include "forms/ControlSystem.h"
@@ -35,6 +36,12 @@ bool takesMouseItself(const Control& control) {
 
 }  // namespace
 
+BoundWidgetEvents::BoundWidgetEvents(ControlBinder& binder) : binder_(binder) {
+    releaseTimer_.setSingleShot(true);
+    releaseTimer_.setInterval(kRepeatPressWaitMs);
+    connect(&releaseTimer_, &QTimer::timeout, this, [this] { deliverPendingRelease(); });
+}
+
 bool BoundWidgetEvents::eventFilter(QObject* watched, QEvent* event) {
     Control* control = binder_.controlOf(watched);
     if (!control) return false;
@@ -46,6 +53,7 @@ bool BoundWidgetEvents::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseMove:
+        if (drag(*control, event)) break;
         if (takesMouseItself(*control)) mouse(*control, watched, event);
         break;
     default: break;
@@ -85,11 +93,66 @@ bool BoundWidgetEvents::key(Control& control, QObject* watched, QEvent* event) {
     if (!down && keyEvent->isAutoRepeat()) return keepsKeys;
     int code = virtualKeyOf(keyEvent->nativeScanCode(), keyEvent->key(),
                             keyEvent->modifiers().testFlag(Qt::KeypadModifier));
+    if (down && pendingRelease_) {
+        // Qt marks a repeat only when it finds the press already queued behind
+        // the release; on a busy machine it often is not. The server stamps
+        // both halves of a repeat with one time: such a pair is no release.
+        if (pendingRelease_->widget == watched && pendingRelease_->scanCode == keyEvent->nativeScanCode() &&
+            pendingRelease_->timestamp == keyEvent->timestamp()) {
+            pendingRelease_.reset();
+            releaseTimer_.stop();
+        } else {
+            deliverPendingRelease();
+        }
+    } else if (!down && pendingRelease_) {
+        deliverPendingRelease();
+    }
     if (code == 0 || !handler) return keepsKeys;
     auto keyCode = static_cast<int16_t>(code);
+    if (!down && keepsKeys) {
+        pendingRelease_ = PendingRelease{watched, keyCode, shiftOf(keyEvent->modifiers()), keyEvent->nativeScanCode(),
+                                         keyEvent->timestamp()};
+        releaseTimer_.start();
+        return true;
+    }
     handler(keyCode, shiftOf(keyEvent->modifiers()));
     // A handler that clears the code swallows the key.
     return keepsKeys || keyCode == 0;
+}
+
+bool BoundWidgetEvents::drag(Control& control, QEvent* event) {
+    auto* mouseEvent = static_cast<QMouseEvent*>(event);
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        if (mouseEvent->button() != Qt::LeftButton || !control.onDragOver) return false;
+        dragging_ = true;
+        control.userDragOver();
+        return true;
+    case QEvent::MouseMove: {
+        if (!dragging_ || !(mouseEvent->buttons() & Qt::LeftButton)) return false;
+        // The pressed widget holds the mouse: find what lies under the pointer.
+        QWidget* under = QApplication::widgetAt(mouseEvent->globalPosition().toPoint());
+        Control* over = under ? binder_.owningControl(under) : nullptr;
+        if (over && over->onDragOver) over->userDragOver();
+        else if (over && over->onMouseMove) over->userMouseMove(1);
+        return true;
+    }
+    case QEvent::MouseButtonRelease:
+        if (!dragging_) return false;
+        dragging_ = false;
+        return true;
+    default: return false;
+    }
+}
+
+void BoundWidgetEvents::deliverPendingRelease() {
+    releaseTimer_.stop();
+    std::optional<PendingRelease> release = std::exchange(pendingRelease_, std::nullopt);
+    if (!release || !release->widget) return;
+    Control* control = binder_.controlOf(release->widget);
+    if (!control || !control->onKeyUp) return;
+    int16_t keyCode = release->keyCode;
+    control->onKeyUp(keyCode, release->shift);
 }
 
 void BoundWidgetEvents::mouse(Control& control, QObject* watched, QEvent* event) {

@@ -13,7 +13,7 @@ namespace {
 // Every property, to show a control as it stands when it is bound.
 constexpr Prop kAllProps[] = {Prop::Items,   Prop::ListIndex, Prop::Value,   Prop::Caption,  Prop::Text,
                               Prop::Selection, Prop::Picture, Prop::ToolTip, Prop::Geometry, Prop::BackColor,
-                              Prop::Enabled,   Prop::Visible};
+                              Prop::Enabled,   Prop::Visible,  Prop::Backdrop};
 
 // A control's own background, with text that stays readable on it; the
 // system's colour leaves the window's style alone.

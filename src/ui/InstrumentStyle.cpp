@@ -43,8 +43,9 @@ QPushButton#keyboardButton { color: #2a1a00; font-size: 16px; font-weight: bold;
                              border: 1px solid #b8832a;
                              background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #ffd98a, stop:1 #e9a93c); }
 QPushButton#keyboardButton:focus { border: 2px solid #fff3c4; }
-QPlainTextEdit#score { color: #f4f8fc; background: rgba(8,16,28,0.35); border: 1px solid rgba(255,255,255,0.25);
+QPlainTextEdit#score, QPlainTextEdit#helpText { color: #f4f8fc; border: 1px solid rgba(255,255,255,0.25);
                        border-radius: 6px; selection-background-color: #3d7bc4; }
+QRadioButton#helpTopic { color: #e6eef7; background: transparent; }
 QRadioButton#shortcutKey { color: #e6eef7; background: rgba(255,255,255,0.10); border: 1px solid rgba(255,255,255,0.28);
                           border-radius: 5px; padding: 0px 0px 0px 3px; font-size: 12px; font-weight: bold; }
 QRadioButton#shortcutKey::indicator { width: 0px; height: 0px; }
@@ -64,6 +65,11 @@ QPushButton#saveSettings { color: #2a1a00; border-color: #b8832a;
     background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #ffd98a, stop:1 #e9a93c); }
 QPushButton#exitButton { color: #ffffff; border-color: #8a2c1c;
     background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #d9664a, stop:1 #a8361f); }
+QWidget#scoreEntryWindow { color: #e6eef7; }
+QLabel#entryCaption { color: #9fd0ff; }
+QLabel#entryHelp { color: #e6eef7; }
+QLineEdit#songName { color: #17222f; background: rgba(250,252,255,0.94); border: 1px solid rgba(255,255,255,0.5);
+                     border-radius: 4px; padding: 2px 6px; }
 QToolTip { color: #17222f; background: #fffbe8; border: 1px solid #c9b66b; }
 )");
 }

@@ -132,6 +132,16 @@ ApplyChange bindList(ListControl& list, QWidget& widget) {
     return bindListWidget(list, widgetAs<QListWidget>(list, widget));
 }
 
+// The box paints no background of its own, so the window's picture shows
+// behind the text. Qt repaints what lies behind a box that is not opaque
+// whenever the box changes, and scrolls it by repainting rather than by
+// copying pixels, so typing and scrolling leave no traces.
+void showWindowThrough(QPlainTextEdit& edit) {
+    edit.setStyleSheet(QStringLiteral("QPlainTextEdit { background: transparent; }"));
+    edit.viewport()->setAutoFillBackground(false);
+    edit.viewport()->update();
+}
+
 // Multi-line text box.
 ApplyChange bindPlainText(TextBox& box, QPlainTextEdit& edit) {
     auto echo = std::make_shared<bool>(false);
@@ -143,6 +153,7 @@ ApplyChange bindPlainText(TextBox& box, QPlainTextEdit& edit) {
         edit.setTextCursor(cursor);
     };
     auto apply = [&box, &edit, echo, showSelection](Prop prop) {
+        if (prop == Prop::Backdrop && box.seeThrough()) showWindowThrough(edit);
         if (*echo) return;
         if (prop == Prop::Text) edit.setPlainText(toWidgetText(box.text()));
         if (prop == Prop::Text || prop == Prop::Selection) showSelection();

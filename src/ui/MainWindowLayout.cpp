@@ -4,16 +4,18 @@
 
 #include "forms/MainWindow.h"
 #include "notation/NoteVocabulary.h"
+#include "ui/HelpPageView.h"
+#include "ui/StatusAreaView.h"
 
 namespace tessaly {
 
 namespace {
 
-constexpr int kFormWidth = 986, kFormHeight = 369;
+constexpr int kFormWidth = kFullWidth, kFormHeight = kFullHeight;
 constexpr QRect kPanelArea(8, 36, 564, 166);
 constexpr QRect kScoreArea(580, 36, 398, 166);
 constexpr int kScoreButtonHeight = 26;
-constexpr QRect kKeyboardArea(8, 262, 970, 102);
+constexpr QRect kKeyboardArea(8, 270, 970, 94);
 constexpr int kWhiteKeyWidth = 25, kBlackKeyWidth = 15;
 constexpr int kRowTop = 12, kRowStep = 36, kRowHeight = 26;
 
@@ -60,20 +62,24 @@ void placeMelodyPanel(MainWindow& form) {
 // Three rows of key caps, one for each kind of key, then the lists that
 // assign what a key holds, side by side under their labels.
 constexpr int kKeyLeft = 62, kKeyStep = 40, kKeyWidth = 38, kKeyRowTop = 10, kKeyRowStep = 30, kKeyHeight = 24;
+constexpr int kEffectKeyStep = 54, kEffectKeyWidth = 50;
 constexpr int kListTop = 124, kListLabelTop = 104, kListLeft = 12, kListStep = 136, kListWidth = 128;
 
 void placeShortcutPage(MainWindow& form) {
     for (int i = 0; i < 28; ++i) {
         const int row = i < 12 ? 0 : i < 22 ? 1 : 2;
         const int column = i < 12 ? i : i < 22 ? i - 12 : i - 22;
-        place(form.Option3[i], kKeyLeft + column * kKeyStep, kKeyRowTop + row * kKeyRowStep, kKeyWidth, kKeyHeight);
+        // The effect keys' three-letter captions need wider caps.
+        const int step = row == 2 ? kEffectKeyStep : kKeyStep, width = row == 2 ? kEffectKeyWidth : kKeyWidth;
+        place(form.Option3[i], kKeyLeft + column * step, kKeyRowTop + row * kKeyRowStep, width, kKeyHeight);
     }
     place(form.BCSZ, 460, kKeyRowTop + 2 * kKeyRowStep - 1, 92, kKeyHeight + 2);
     for (int i = 0; i < 4; ++i) {
         place(form.YUEQI[i], kListLeft + i * kListStep, kListLabelTop, kListWidth, 18);
         place(form.YQSZ[i], kListLeft + i * kListStep, kListTop, kListWidth, kRowHeight);
     }
-    // The effect files take the place of the lists, which are hidden while they show.
+    // The effect files take the place of the lists and their labels, which
+    // are hidden while they show.
     place(form.File2, kListLeft, kListLabelTop, 4 * kListStep - 8, 56);
 }
 
@@ -103,10 +109,14 @@ void placeMainWindowControls(MainWindow& form) {
     place(form.Command1, kFormWidth - 84, 6, 72, 28);
 
     place(form.SFYXYZ, 14, 212, 88, 40);
-    place(form.XSWB, 114, 206, 556, 52);
-    place(form.FJWZ, 686, 210, 286, 20);
-    place(form.Label1, 686, 234, 286, 20);
+    place(form.XSWB, 114, 206, 398, 52);
+    // The status line, then the damper strip beside the clock, then the
+    // credit line; the tab row holds the recorder.
+    place(form.FJWZ, 686, 206, 286, 18);
+    place(form.Label1, 686, 225, 130, 18);
     placeKeyboard(form);
+    placeHelpPage(form);
+    placeStatusArea(form);
 }
 
 std::vector<QRect> mainWindowCards() { return {kPanelArea, kScoreArea, kKeyboardArea}; }

@@ -7,12 +7,14 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPainter>
+#include <QPointer>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
 #include "forms/MainWindow.h"
 #include "notation/NoteVocabulary.h"
 #include "ui/ChordPageView.h"
+#include "ui/HelpPageView.h"
 #include "ui/InstrumentStyle.h"
 #include "ui/KeyCapButton.h"
 #include "ui/MainWindowLayout.h"
@@ -20,6 +22,7 @@
 #include "ui/RhythmPageView.h"
 #include "ui/Pictures.h"
 #include "ui/RecorderView.h"
+#include "ui/StatusAreaView.h"
 
 namespace tessaly {
 
@@ -35,6 +38,7 @@ MainWindowView::MainWindowView(MainWindow& model) : model_(model), binder_(model
         if (index == 0) buildMelodyPanel(view);
         if (index == 2) new RhythmPageView(view, model_, binder_);
         if (index == 1) buildChordPage(view, model_, binder_);
+        if (index == 4) buildHelpPageView(view, model_, binder_);
         if (index == 5) buildShortcutPanel(view);
     }
 
@@ -52,10 +56,14 @@ MainWindowView::MainWindowView(MainWindow& model) : model_(model), binder_(model
     information.setWordWrap(true);
     information.setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     make<QLabel>(model_.FJWZ, *this, "status");
-    make<QLabel>(model_.Label1, *this, "muteStrip").setAlignment(Qt::AlignCenter);
+    auto& damper = make<QLabel>(model_.Label1, *this, "muteStrip");
+    damper.setAlignment(Qt::AlignCenter);
+    // The damper works under a pointer moved with no button held.
+    damper.setMouseTracking(true);
     buildKeyboard();
     make<QPushButton>(model_.Command1, *this, "exitButton").setAutoDefault(false);
     buildMainRecorderView(model_.recorderPanel, *this, binder_);
+    buildStatusAreaView(*this, model_, binder_);
 
     binder_.bind(model_, *this);
 }
@@ -102,7 +110,17 @@ void MainWindowView::buildShortcutPanel(QWidget& panel) {
         key.setAutoExclusive(false);
         keys->addButton(&key, static_cast<int>(index));
     }
-    for (auto& [index, label] : model_.YUEQI) make<QLabel>(*label, panel, "listCaption");
+    for (auto& [index, label] : model_.YUEQI) {
+        auto& caption = make<QLabel>(*label, panel, "listCaption");
+        // A list's label shows with its list, so that the effect files, which
+        // take the lists' place, lie over no label.
+        ComboBox& list = model_.YQSZ[index];
+        caption.setVisible(list.visible());
+        QPointer<QLabel> guarded(&caption);
+        list.observe([guarded](Control& shown, Prop prop) {
+            if (guarded && prop == Prop::Visible) guarded->setVisible(shown.visible());
+        });
+    }
     for (auto& [index, list] : model_.YQSZ) make<QComboBox>(*list, panel).setMaxVisibleItems(20);
     // The effect files side by side, as many to a row as fit.
     auto& effects = make<QListWidget>(model_.File2, panel, "effectFiles");

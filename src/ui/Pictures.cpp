@@ -6,6 +6,7 @@
 #include <QRadialGradient>
 
 #include "forms/MainWindow.h"
+#include "ui/KeyMapPicture.h"
 
 namespace tessaly {
 
@@ -50,6 +51,7 @@ bool drawPicture(QPainter& p, const QRectF& area, int pictureId) {
     case kWhiteKeyUp: drawKey(p, area, QColor(0xff, 0xff, 0xff), QColor(0xe6, 0xe8, 0xee), QColor(0x4a, 0x52, 0x60), QColor(0xd2, 0xd6, 0xdf), 7); break;
     case kWhiteKeyDown: drawKey(p, area, QColor(0xc9, 0xdc, 0xf5), QColor(0x8f, 0xb4, 0xe8), QColor(0x2f, 0x4f, 0x80), QColor(), 0); break;
     case kBlackKeyUp: drawKey(p, area, QColor(0x45, 0x48, 0x50), QColor(0x0b, 0x0c, 0x10), QColor(0x00, 0x00, 0x00), QColor(0x5c, 0x60, 0x6a), 6); break;
+    case kKeyMapPicture: drawKeyMap(p, area); break;
     case kBlackKeyDown: drawKey(p, area, QColor(0x2c, 0x55, 0x90), QColor(0x12, 0x22, 0x3e), QColor(0x00, 0x00, 0x00), QColor(), 0); break;
     default: drawn = false;
     }

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QTreeView>
 #include <QInputDialog>
 #include <QStringList>
 
@@ -35,15 +37,52 @@ std::optional<std::string> QtDialogs::chosen(const QString& path) {
     return answer;
 }
 
+QString fileDialogStyleSheet() {
+    // The window's own style is light text for a dark picture; a dialog is a
+    // light window of its own and resets every colour it would inherit.
+    return QStringLiteral(R"(
+QFileDialog { background: #f4f7fb; }
+QFileDialog QLabel, QFileDialog QCheckBox { color: #17222f; background: transparent; }
+QFileDialog QLineEdit, QFileDialog QComboBox, QFileDialog QTreeView, QFileDialog QListView {
+    color: #17222f; background: #ffffff; selection-background-color: #3d7bc4; selection-color: #ffffff; }
+QFileDialog QHeaderView::section { color: #17222f; background: #e3eaf3; padding: 3px 6px; border: 0px;
+    border-right: 1px solid #c9d4e2; }
+QFileDialog QPushButton { color: #17222f; background: #e9eff7; border: 1px solid #8fa8c4; border-radius: 4px;
+    padding: 3px 14px; }
+QFileDialog QPushButton:disabled { color: #8a96a6; }
+QFileDialog QToolButton { background: transparent; }
+)");
+}
+
+std::optional<std::string> QtDialogs::runFileDialog(bool saving, const std::string& filter,
+                                                    const std::string& startFolder) {
+    QFileDialog dialog(parentWindow(), saving ? QStringLiteral("保存") : QStringLiteral("打开"),
+                       QString::fromStdString(startFolder), qtFileFilter(filter));
+    // Qt's own dialog everywhere, in the program's language and colours.
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setStyleSheet(fileDialogStyleSheet());
+    dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog.setViewMode(QFileDialog::Detail);
+    // Wide enough for the name, size, type and date columns whole.
+    dialog.resize(kFileDialogWidth, kFileDialogHeight);
+    if (auto* files = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {
+        files->header()->setStretchLastSection(false);
+        files->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+        for (int column = 1; column < files->header()->count(); ++column)
+            files->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    }
+    // QFileDialog asks before it replaces an existing file.
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    return chosen(dialog.selectedFiles().constFirst());
+}
+
 std::optional<std::string> QtDialogs::openFile(const std::string& filter, const std::string& startFolder) {
-    return chosen(QFileDialog::getOpenFileName(parentWindow(), QStringLiteral("打开"),
-                                               QString::fromStdString(startFolder), qtFileFilter(filter)));
+    return runFileDialog(false, filter, startFolder);
 }
 
 std::optional<std::string> QtDialogs::saveFile(const std::string& filter, const std::string& startFolder) {
-    // QFileDialog asks before it replaces an existing file.
-    return chosen(QFileDialog::getSaveFileName(parentWindow(), QStringLiteral("保存"),
-                                               QString::fromStdString(startFolder), qtFileFilter(filter)));
+    return runFileDialog(true, filter, startFolder);
 }
 
 std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const std::string& title,

@@ -17,7 +17,10 @@ public:
     std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
                                         const std::string& defaultText) override;
 
+    static constexpr int kFileDialogWidth = 860, kFileDialogHeight = 520;
+
 private:
+    std::optional<std::string> runFileDialog(bool saving, const std::string& filter, const std::string& startFolder);
     std::optional<std::string> chosen(const QString& path);
 
     // The window given, or the active one while that is hidden (the editor
@@ -30,5 +33,8 @@ private:
 // the file dialog's own form: "乐谱记录txt (*.txt);;全部 (*.*)". Patterns
 // joined by ';' become a space-separated list.
 QString qtFileFilter(const std::string& filter);
+
+// The file dialogs' own light style, whatever window they open over.
+QString fileDialogStyleSheet();
 
 }  // namespace tessaly

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QGuiApplication>
+#include <QEventLoop>
 #include <QMessageBox>
 #include <QTimer>
 
@@ -22,6 +23,18 @@ void QtMessageBoxes::timedBox(const std::string& title, const std::string& text,
     box->setWindowModality(Qt::NonModal);
     box->show();
     QTimer::singleShot(timeoutMs, box, &QWidget::close);
+    timedBoxes_.emplace_back(box);
+}
+
+void QtMessageBoxes::waitForTimedBoxes() {
+    QEventLoop loop;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &loop, [this, &loop] {
+        std::erase_if(timedBoxes_, [](const QPointer<QWidget>& box) { return box.isNull() || !box->isVisible(); });
+        if (timedBoxes_.empty()) loop.quit();
+    });
+    poll.start(50);
+    loop.exec();
 }
 
 void QtMessageBoxes::plainBox(const std::string& text) {

@@ -1,6 +1,7 @@
 #pragma once
 #include <QPointer>
 #include <QWidget>
+#include <vector>
 
 #include "platform/MessageBoxes.h"
 
@@ -16,11 +17,16 @@ public:
     void timedBox(const std::string& title, const std::string& text, int timeoutMs) override;
     void plainBox(const std::string& text) override;
 
+    // Lets the timed boxes that are up run out before the program ends, so
+    // that a box raised on the way out is seen for its whole time.
+    void waitForTimedBoxes();
+
 private:
     // The window given, or the active one while that is hidden (the editor
     // replaces the main window on the screen).
     QWidget* parentWindow() const;
     QPointer<QWidget> parent_;
+    std::vector<QPointer<QWidget>> timedBoxes_;
 };
 
 }  // namespace tessaly

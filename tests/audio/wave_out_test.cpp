@@ -3,12 +3,14 @@
 #include <sndfile.h>
 
 #include <cmath>
+#include <filesystem>
 #include <tuple>
 
 #include "AudioTestSupport.h"
 #include "SignalAnalysis.h"
 #include "platform/audio/EngineWaveOut.h"
 #include "platform/audio/OfflineRenderer.h"
+#include "platform/audio/SoundFileReader.h"
 #include "platform/audio/WavFileWriter.h"
 
 using namespace tessaly;
@@ -56,6 +58,27 @@ TEST(EngineWaveOut, PlaysConvertsCutsAndStops) {
         EXPECT_NEAR(rms(channelOf(out, 0)), left * fullLevel, 0.002) << std::hex << word;
         EXPECT_NEAR(rms(channelOf(out, 1)), right * fullLevel, 0.002) << std::hex << word;
     }
+}
+
+TEST(EngineWaveOut, AbsurdRatesDoNotPlayAndLongSoundsKeepTheirFirstMinute) {
+    TempFolder folder;
+    // A rate of 1 Hz once took 15 s and 768 MB to convert by hand.
+    const std::string oneHz = folder.file("one-hertz.wav"), slow = folder.file("slow.wav");
+    writeSineFile(oneHz, SF_FORMAT_WAV | SF_FORMAT_PCM_U8, 0.25, 1, 1, 400000.0, 0.5);
+    writeSineWav(slow, 100.0, 1000, 1, 150.0, 0.5);  // 150 s at the lowest rate taken
+    ASSERT_GT(std::filesystem::file_size(oneHz), 400000u);
+    AudioEngine engine{{AudioOutput::Offline}};
+    EngineWaveOut wave(engine);
+    EXPECT_FALSE(wave.playSound(oneHz, 1));
+    EXPECT_FALSE(engine.mixer().effectVoice().sounding());
+
+    std::unique_ptr<SoundBuffer> sound = readSoundFile(slow);
+    ASSERT_TRUE(sound);
+    EXPECT_EQ(sound->frames(), static_cast<std::size_t>(kLongestEffectSeconds) * kSampleRate);
+    // A file that is not a WAV is no sound effect, whatever its name.
+    const std::string notWave = folder.file("flac.wav");
+    writeSineFile(notWave, SF_FORMAT_FLAC | SF_FORMAT_PCM_16, 440.0, 48000, 1, 0.2, 0.5);
+    EXPECT_FALSE(wave.playSound(notWave, 1));
 }
 
 TEST(WavFileWriter, OfflineRenderWritesExactMillisecondsAs16BitStereo) {

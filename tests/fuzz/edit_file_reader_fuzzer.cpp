@@ -11,8 +11,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/testing/RecordingPlatform.h"
-#include "platform/testing/VirtualEventLoop.h"
+#include "FuzzProgram.h"
 #include "runtime/FatalFailure.h"
 #include "runtime/TextFiles.h"
 #include "shell/Instrument.h"
@@ -21,25 +20,12 @@ namespace {
 
 using namespace tessaly;
 
-[[noreturn]] void fail() { std::abort(); }
+using tessaly::fuzz::fail;
 
-struct Program {
-    VirtualEventLoop loop;
-    EventLog log;
-    RecordingMidiPort midi{loop};
-    RecordingWaveOut wave{log};
-    RecordingMessageBoxes boxes{log};
-    Platform platform{loop, midi, wave, boxes};
-    std::unique_ptr<Instrument> app;
+struct Program : fuzz::Program {
     std::string path;
 
-    Program() {
-        auto dir = std::filesystem::temp_directory_path() / ("tessaly-edit-fuzz-" + std::to_string(getpid()));
-        std::filesystem::create_directories(dir / "音效");
-        app = std::make_unique<Instrument>(platform, dir.string());
-        app->start();
-        while (!app->activated() && !app->ended()) loop.advance(1);
-        if (!app->activated()) fail();
+    Program() : fuzz::Program("tessaly-edit-fuzz") {
         app->form1.BJCK.userClick();
         path = (dir / "演奏记录" / "fuzz.lnk").string();
     }

@@ -12,8 +12,7 @@
 #include <string>
 #include <unistd.h>
 
-#include "platform/testing/RecordingPlatform.h"
-#include "platform/testing/VirtualEventLoop.h"
+#include "FuzzProgram.h"
 #include "runtime/FatalFailure.h"
 #include "runtime/Text.h"
 #include "runtime/TextFiles.h"
@@ -23,26 +22,12 @@ namespace {
 
 using namespace tessaly;
 
-[[noreturn]] void fail() { std::abort(); }
+using tessaly::fuzz::fail;
 
-struct Program {
-    VirtualEventLoop loop;
-    EventLog log;
-    RecordingMidiPort midi{loop};
-    RecordingWaveOut wave{log};
-    RecordingMessageBoxes boxes{log};
-    Platform platform{loop, midi, wave, boxes};
-    std::filesystem::path dir;
-    std::unique_ptr<Instrument> app;
+struct Program : fuzz::Program {
     int draws = 0;
 
-    Program() {
-        dir = std::filesystem::temp_directory_path() / ("tessaly-fuzz-patterns-" + std::to_string(getpid()));
-        std::filesystem::create_directories(dir / "音效");
-        app = std::make_unique<Instrument>(platform, dir.string());
-        app->start();
-        while (!app->activated() && !app->ended()) loop.advance(1);
-        if (!app->activated()) fail();
+    Program() : fuzz::Program("tessaly-fuzz-patterns") {
         app->form1.Xxk[1].userClick();
         // Draws spread over the whole file, the same for every input.
         app->chordPageHandlers.draw.uniform = [this] {
@@ -50,16 +35,10 @@ struct Program {
             return draws / 1000.0;
         };
     }
-    ~Program() {
-        app.reset();
-        std::error_code error;
-        std::filesystem::remove_all(dir, error);
-    }
 };
 
 long lineCount(const std::string& bytes) {
-    std::optional<std::string> text = decodeText(bytes);
-    return text ? static_cast<long>(splitLines(*text).size()) : 0;
+    return static_cast<long>(splitLines(decodeText(bytes)).size());
 }
 
 // The box holds a drawn line as it stands, cut to the box's 16 characters. A

@@ -70,7 +70,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
     try {
         // Open plays at once: a minute of virtual time, the ticks with it.
-        program.dialogs.queueFileAnswer(path);
+        program.dialogs().queueFileAnswer(path);
         app.form1.Yuepu[2].press();
         program.loop.advance(60000);
         stopPlaying(program);

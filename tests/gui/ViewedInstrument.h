@@ -46,8 +46,9 @@ struct ViewedInstrument {
                           std::to_string((m.message >> 8) & 0xFF) + " " + std::to_string((m.message >> 16) & 0xFF));
         return out;
     }
-    void key(QEvent::Type type, int qtKey, uint32_t scanCode = 0, bool autoRepeat = false) {
+    void key(QEvent::Type type, int qtKey, uint32_t scanCode = 0, bool autoRepeat = false, unsigned long time = 0) {
         QKeyEvent event(type, qtKey, Qt::NoModifier, scanCode, 0, 0, QString(), autoRepeat);
+        event.setTimestamp(time);
         QApplication::sendEvent(&widget(form.SFYXYZ), &event);
     }
 };

@@ -6,6 +6,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyle>
 #include <QtTest/QTest>
 
 #include "ViewedInstrument.h"
@@ -105,4 +106,33 @@ TEST(MainWindowPanels, TheScoreButtonsStandUnderTheScoreAndClickThroughTheModel)
     QTest::mouseClick(&audition, Qt::LeftButton);
     EXPECT_EQ(v.h.app->state.AutoPlaying, 0);
     EXPECT_EQ(audition.text(), "试听");
+}
+
+TEST(MainWindowPanels, KeyCapsShowTheirWholeCaptionsAndTheEffectListHidesNoLabel) {
+    ViewedInstrument v;
+    QTest::mouseClick(&v.widget(v.form.Xxk[5]), Qt::LeftButton);
+    for (int i = 0; i < 28; ++i) {
+        auto& key = v.widget<QRadioButton>(v.form.Option3[i]);
+        key.ensurePolished();
+        // The caption after the cap's border, its left padding and the (empty)
+        // indicator's spacing, and before the right border.
+        const int spacing = key.style()->pixelMetric(QStyle::PM_RadioButtonLabelSpacing, nullptr, &key);
+        const int needed = 1 + 3 + spacing + key.fontMetrics().horizontalAdvance(key.text()) + 1;
+        EXPECT_LE(needed, key.width()) << key.text().toStdString();
+    }
+    // An effect key: the file list shows where the lists were, and no label of
+    // a hidden list shows through it or over it.
+    QTest::mouseClick(&v.widget(v.form.Option3[25]), Qt::LeftButton);
+    QWidget& files = v.widget(v.form.File2);
+    ASSERT_TRUE(files.isVisible());
+    for (auto& [index, label] : v.form.YUEQI) {
+        QWidget& caption = v.widget(*label);
+        if (caption.isVisible()) {
+            EXPECT_FALSE(caption.geometry().intersects(files.geometry())) << index;
+        }
+    }
+    // Back on a function key, the labels are there over their lists.
+    QTest::mouseClick(&v.widget(v.form.Option3[3]), Qt::LeftButton);
+    for (int j = 0; j < 3; ++j) EXPECT_TRUE(v.widget(v.form.YUEQI[j]).isVisible()) << j;
+    EXPECT_FALSE(v.widget(v.form.YUEQI[3]).isVisible());
 }

@@ -77,7 +77,7 @@ TEST(MainWindowView, TheGKeyPlaysAsInTheScriptedTake) {
     EXPECT_EQ(v.score(), "KC");
     EXPECT_EQ(v.keyPicture(24), kWhiteKeyDown);
     QTest::keyRelease(&v.widget(v.form.SFYXYZ), Qt::Key_G);
-    EXPECT_EQ(v.keyPicture(24), kWhiteKeyUp);
+    QTRY_COMPARE(v.keyPicture(24), kWhiteKeyUp);  // once it is clear that no repeat follows
     EXPECT_TRUE(v.form.Timer1.timerEnabled());
 }
 
@@ -94,8 +94,16 @@ TEST(MainWindowView, KeysArePlayedByPositionAndAutoRepeatReleasesAreIgnored) {
     }
     EXPECT_EQ(v.keyPicture(14), kWhiteKeyDown);
     EXPECT_EQ(v.score(), "WD");
-    v.key(QEvent::KeyRelease, Qt::Key_Z, 29);
-    EXPECT_EQ(v.keyPicture(14), kWhiteKeyUp);
+    // A repeat that Qt failed to mark: a release and a press stamped with one time.
+    for (unsigned long time = 100; time < 400; time += 40) {
+        v.key(QEvent::KeyRelease, Qt::Key_Z, 29, false, time);
+        v.key(QEvent::KeyPress, Qt::Key_Z, 29, false, time);
+    }
+    EXPECT_EQ(v.score(), "WD");
+    EXPECT_EQ(v.keyPicture(14), kWhiteKeyDown);
+    // The real release: the key goes up once no repeated press has followed it.
+    v.key(QEvent::KeyRelease, Qt::Key_Z, 29, false, 450);
+    QTRY_COMPARE(v.keyPicture(14), kWhiteKeyUp);
     // Space belongs to the instrument, not to the button: the take ends.
     v.key(QEvent::KeyPress, Qt::Key_Space, 65);
     EXPECT_EQ(v.score(), "WD0TZ");

@@ -3,41 +3,17 @@
 #include <string>
 #include <vector>
 
-#include "platform/testing/RecordingPlatform.h"
-#include "platform/testing/VirtualEventLoop.h"
-#include "shell/Instrument.h"
+#include "shell/HeadlessProgram.h"
 
 namespace tessaly::testing {
 
 // The program on the recording platform in virtual time, started as a user
 // starts it, with the start-up messages already taken.
-struct Harness {
-    VirtualEventLoop loop;
-    EventLog log;
-    RecordingMidiPort midiPort{loop};
-    RecordingWaveOut wave{log};
-    RecordingMessageBoxes boxes{log};
-    Platform platform{loop, midiPort, wave, boxes};
-    std::filesystem::path appDir;
-    std::unique_ptr<Instrument> app;
+struct Harness : HeadlessProgram {
+    RecordingMidiPort& midiPort = midi;
+    std::filesystem::path& appDir = dir;
 
-    explicit Harness(bool started = true) {
-        appDir = std::filesystem::temp_directory_path() /
-                 ("tessaly-unit-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)));
-        std::filesystem::create_directories(appDir / "音效");
-        app = std::make_unique<Instrument>(platform, appDir.string());
-        if (started) {
-            app->start();
-            // The splash window hands over to the main window after its timer.
-            while (!app->activated() && !app->ended()) loop.advance(1);
-            midiPort.take();
-        }
-    }
-    ~Harness() {
-        app.reset();
-        std::error_code error;
-        std::filesystem::remove_all(appDir, error);
-    }
+    explicit Harness(bool started = true) : HeadlessProgram(Options{"tessaly-unit", started}) {}
 
     void keyDown(int code, int shift = 0) {
         auto key = static_cast<int16_t>(code);

@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "Harness.h"
+#include "performance/EffectKeys.h"
 
 namespace tessaly {
 namespace {
@@ -46,6 +47,27 @@ TEST(ShortcutPage, AnEffectKeyTakesTheFileAuditionedInTheList) {
     EXPECT_EQ(h.app->state.EffectFile[4], "风声.wav");
     EXPECT_EQ(f.XSWB.caption(), "风声.wav_音效");
     EXPECT_EQ(h.log.take(), std::vector<std::string>{"wave " + h.appDir.string() + "/音效/风声.wav|1"});
+}
+
+TEST(EffectKeys, TheBellNamedWithATrailingBlankFindsItsFileStoredWithout) {
+    testing::Harness h;
+    std::ofstream(h.appDir / "音效" / "钟声.wav") << "RIFF";
+    ASSERT_EQ(h.app->state.EffectFile[5], "钟声.wav ");  // as the default settings name it
+    h.log.take();
+    const std::string bell = h.appDir.string() + "/音效/钟声.wav";
+
+    h.press(34);  // PageDown
+    EXPECT_EQ(h.log.take(), (std::vector<std::string>{"wave " + bell + "|3", "wave " + bell + "|1"}));
+    EXPECT_EQ(h.app->form1.XSWB.caption(), "钟声.wav _音效");
+
+    // On the settings page too; a name that is nothing but its blanks finds nothing.
+    h.app->form1.Xxk[5].userClick();
+    h.app->form1.Option3[27].userClick();
+    EXPECT_EQ(h.log.take(), (std::vector<std::string>{"wave " + bell + "|3", "wave " + bell + "|1"}));
+    EXPECT_EQ(findEffectFile(h.appDir.string() + "/音效/", "  "), std::nullopt);
+    // A file that really carries the blank is played under its own name.
+    std::ofstream(h.appDir / "音效" / "钟声.wav ") << "RIFF";
+    EXPECT_EQ(findEffectFile(h.appDir.string() + "/音效/", "钟声.wav "), bell + " ");
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ TEST(StartUp, TheMainWindowLoadsThenActivatesThenInitialisesOnce) {
     std::vector<std::string> seen;
     // One observable step of each stage: the device list of Form_Load, the
     // settings read first in Form_Activate, the defaults of QDCSH, and the
-    // hidden label after it.
+    // label hidden after it, and shown again by the button's GotFocus.
     f.ComDevies.observe([&](Control&, Prop p) { if (p == Prop::ListIndex) seen.push_back("Form_Load"); });
     f.Check1.observe([&](Control&, Prop p) { if (p == Prop::Value) seen.push_back("Form_Activate"); });
     f.ComSounds[0].observe([&](Control&, Prop p) { if (p == Prop::ListIndex) seen.push_back("QDCSH"); });
@@ -35,7 +35,8 @@ TEST(StartUp, TheMainWindowLoadsThenActivatesThenInitialisesOnce) {
     EXPECT_TRUE(f.visible());
     EXPECT_FALSE(h.app->DZQQD.loaded());
     EXPECT_TRUE(h.app->activated());
-    EXPECT_EQ(seen, (std::vector<std::string>{"Form_Load", "Form_Activate", "QDCSH", "Label1"}));
+    EXPECT_EQ(seen, (std::vector<std::string>{"Form_Load", "Form_Activate", "QDCSH", "Label1", "Label1"}));
+    EXPECT_TRUE(f.Label1.visible());
 }
 
 class Refused : public InstanceLock {

@@ -11,6 +11,7 @@
 #include "app/script/EditorRecorderStandIn.h"
 #include "app/script/SynthRendering.h"
 #include "forms/Controls.h"
+#include "forms/Form.h"
 #include "runtime/FatalFailure.h"
 #include "score/ScoreFiles.h"
 #include "shell/FatalEndSaves.h"
@@ -81,7 +82,10 @@ ScriptDriver::ScriptDriver(ScriptOptions options, std::ostream& out)
       wave_(log_, synth_ ? &synth_->wave() : nullptr),
       boxes_(log_),
       mci_(log_, synth_ && options_.synth ? &synth_->mci() : nullptr),
-      platform_{loop_, midi_, wave_, boxes_, instanceLock_, mci_, &dialogs_} {
+      urls_(log_),
+      // Every run's calendar starts at the same moment.
+      clock_(loop_, LocalTime{2017, 5, 20, 9, 30, 0}),
+      platform_{loop_, midi_, wave_, boxes_, instanceLock_, mci_, &dialogs_, urls_, clock_} {
     instrument_ = std::make_unique<Instrument>(platform_, appDir_, options_.shippedData);
     logFormVisibility();
 }
@@ -194,8 +198,10 @@ bool ScriptDriver::execute(const std::string& line) {
         target.setFocus();
     } else if (command == "move") {
         // The pointer moves over the control with no button held.
-        Control& target = control(rest);
-        if (target.onMouseMove) target.onMouseMove(0, 0, 0, 0);
+        control(rest).userMouseMove(0);
+    } else if (command == "drag") {
+        // The pointer moves over the control with the button held, after a press on a drag source.
+        control(rest).userDragOver();
     } else if (command == "set") {
         auto [path, value] = splitWord(rest);
         if (!controls.set(path, value)) throw ScriptError("cannot set " + path);
@@ -229,6 +235,11 @@ bool ScriptDriver::execute(const std::string& line) {
         mci_.endOfFile();
     } else if (command == "quit") {
         instrument_->close();
+    } else if (command == "close") {
+        // The user closes a window other than the main one by its close box.
+        auto* form = dynamic_cast<Form*>(&control(rest));
+        if (!form || form == &instrument_->form1) throw ScriptError("close needs a window other than Form1: " + rest);
+        form->unload();
     } else {
         throw ScriptError("unknown command " + command);
     }

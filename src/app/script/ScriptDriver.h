@@ -9,6 +9,7 @@
 #include "platform/testing/RecordingPlatform.h"
 #include "platform/testing/ScriptedDialogs.h"
 #include "platform/testing/VirtualEventLoop.h"
+#include "platform/WallClock.h"
 
 namespace tessaly {
 
@@ -60,6 +61,8 @@ private:
     FlockInstanceLock instanceLock_;
     RecordingMciCommands mci_;
     ScriptedDialogs dialogs_;
+    RecordingUrlOpener urls_;
+    VirtualWallClock clock_;
     Platform platform_;
     std::unique_ptr<Instrument> instrument_;
     std::unique_ptr<EditorRecorderStandIn> editorRecorder_;

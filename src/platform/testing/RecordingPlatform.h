@@ -7,6 +7,7 @@
 #include "platform/MciCommands.h"
 #include "platform/MessageBoxes.h"
 #include "platform/MidiPort.h"
+#include "platform/UrlOpener.h"
 #include "platform/WaveOut.h"
 #include "platform/MciInterpreter.h"
 #include "platform/testing/EventLog.h"
@@ -72,6 +73,21 @@ public:
 
 private:
     EventLog& log_;
+};
+
+// Records every address as "url ADDRESS"; opens them all unless told to fail.
+class RecordingUrlOpener : public UrlOpener {
+public:
+    explicit RecordingUrlOpener(EventLog& log) : log_(log) {}
+    bool open(const std::string& address) override {
+        log_.add("url " + address);
+        return !failing_;
+    }
+    void setFailing(bool failing) { failing_ = failing; }
+
+private:
+    EventLog& log_;
+    bool failing_ = false;
 };
 
 // Records every recorder command as "mci COMMAND". Given an inner recorder
