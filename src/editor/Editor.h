@@ -10,6 +10,7 @@
 #include "editor/EditorState.h"
 #include "editor/EditorWindowEvents.h"
 #include "forms/EditorWindow.h"
+#include "recorder/EditorRecorder.h"
 #include "shell/FatalEndSaves.h"
 
 namespace tessaly {
@@ -18,6 +19,7 @@ class Accompaniment;
 class ChordLayers;
 struct ChordState;
 class ControlSystem;
+struct EditorRecorderState;
 class Dialogs;
 class MainWindow;
 class MidiOut;
@@ -32,8 +34,8 @@ class Editor {
 
 public:
     Editor(Platform& platform, SharedState& shared, MidiOut& midi, ChordLayers& chords, ChordState& chordState,
-           Accompaniment& accompaniment, MainWindow& mainForm, EditorWindow& form, Dialogs& dialogs,
-           ControlSystem& controls);
+           EditorRecorderState& recorderState, Accompaniment& accompaniment, MainWindow& mainForm, EditorWindow& form,
+           Dialogs& dialogs, ControlSystem& controls);
     ~Editor();
     Editor(const Editor&) = delete;
     Editor& operator=(const Editor&) = delete;
@@ -55,6 +57,7 @@ public:
     EditFiles files;
     EditorWindowEvents window;
     ScoreImport scoreImport;
+    EditorRecorder recorder;
 
     EditorBarPanel& bar() { return form.bar(); }
     EditorSettingsPanel& settings() { return form.settings(); }

@@ -42,7 +42,8 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       chordPageHandlers(platform_, state, chordState, midi, form1, chords),
       recorder(platform_, state, recorderState.main, form1, dialogs),
       YYBJ(controls, platform_.loop),
-      editor(platform_, state, midi, chords, chordState, accompaniment, form1, YYBJ, dialogs, controls),
+      editor(platform_, state, midi, chords, chordState, recorderState.editor, accompaniment, form1, YYBJ, dialogs,
+             controls),
       appDir_(std::move(appDir)),
       shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';

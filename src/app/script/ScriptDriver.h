@@ -15,7 +15,6 @@ namespace tessaly {
 
 class Instrument;
 class SynthRendering;
-struct EditorRecorderStandIn;
 
 struct ScriptOptions {
     std::string appDir;  // empty: a fresh temporary folder, removed at the end
@@ -65,7 +64,6 @@ private:
     VirtualWallClock clock_;
     Platform platform_;
     std::unique_ptr<Instrument> instrument_;
-    std::unique_ptr<EditorRecorderStandIn> editorRecorder_;
 };
 
 // A value as the driver prints it: CR as \r, LF as \n, backslash doubled.
