@@ -20,4 +20,9 @@ float peak(const std::vector<float>& samples);
 // consecutive windows; 0 when the signal has no clear period in 50..2000 Hz.
 double estimatePitchHz(const std::vector<float>& mono, int sampleRate);
 
+// Note onsets: where the energy of the signal's first difference (which
+// stresses the attack of a note over its sustain) jumps up, at most one per
+// 150 ms. Times in ms from the start of `mono`.
+std::vector<int> onsetsMs(const std::vector<float>& mono, int rate);
+
 }  // namespace tessaly::audio::testing

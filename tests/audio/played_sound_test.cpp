@@ -92,35 +92,6 @@ TEST(PlayedSound, ScriptDriverCommandWritesTheTake) {
     EXPECT_LT(peak(channelOf(take, 0, frameAt(9000, rate))), kWavSilence);               // long after Space
 }
 
-namespace {
-
-// Note onsets: where the energy of the signal's first difference (which
-// stresses the attack of a note over its sustain) jumps up, at most one per
-// 150 ms. Times in ms from the start of `mono`.
-std::vector<int> onsetsMs(const std::vector<float>& mono, int rate) {
-    const std::size_t hop = static_cast<std::size_t>(rate) / 200;  // 5 ms
-    std::vector<double> energy;
-    for (std::size_t start = 1; start + hop <= mono.size(); start += hop) {
-        double sum = 0;
-        for (std::size_t i = start; i < start + hop; ++i) {
-            double d = mono[i] - mono[i - 1];
-            sum += d * d;
-        }
-        energy.push_back(sum);
-    }
-    double loudest = *std::max_element(energy.begin(), energy.end());
-    std::vector<int> onsets;
-    for (std::size_t i = 4; i < energy.size(); ++i) {
-        double before = energy[i - 4] + 1e-12;
-        bool rises = energy[i] > 0.02 * loudest && energy[i] > 6 * before;
-        int ms = static_cast<int>(i * 5);
-        if (rises && (onsets.empty() || ms - onsets.back() > 150)) onsets.push_back(ms);
-    }
-    return onsets;
-}
-
-}  // namespace
-
 // A demonstration score opened from its file plays at once, at tempo 70: a
 // tick is 107 ms, so eighths (8 ticks) fall 856 ms apart and the long notes
 // (16 ticks) last 1712 ms.
