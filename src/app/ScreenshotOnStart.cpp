@@ -1,6 +1,8 @@
 #include "ScreenshotOnStart.h"
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QPixmap>
 #include <QScreen>
 #include <QTimer>
@@ -114,6 +116,25 @@ void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& w
             writeSomeBars(instrument, fourFour);
             QTimer::singleShot(kSettleMs, windows.editor.view(),
                                [&windows, path] { save(windows.editor.view()->grab(), path); });
+        });
+    } else if (of == QLatin1String("editor-import")) {
+        // A demonstration score imported by DRYP: its file dialog is answered
+        // from within its own loop, then the arranged song is taken.
+        whenMainWindowIsUp(instrument, main, [&instrument, &windows, path] {
+            instrument.form1.BJCK.userClick();
+            const QString score = QString::fromStdString(instrument.state.AppDir + "演奏记录/小星星.txt");
+            QTimer::singleShot(kSettleMs, windows.editor.view(), [&instrument, &windows, path, score] {
+                QTimer::singleShot(kSettleMs, qApp, [score] {
+                    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+                    if (!dialog) return;
+                    // Typed as a user types it: the file is found at once.
+                    if (auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) name->setText(score);
+                    static_cast<QDialog*>(dialog)->accept();  // public there, and virtual
+                });
+                instrument.YYBJ.commands().DRYP.userClick();
+                QTimer::singleShot(kSettleMs, windows.editor.view(),
+                                   [&windows, path] { save(windows.editor.view()->grab(), path); });
+            });
         });
     } else if (of == QLatin1String("editor-failure")) {
         // A song is written, then settings are saved on bar 256, which no bar

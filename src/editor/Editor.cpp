@@ -7,8 +7,8 @@
 namespace tessaly {
 
 Editor::Editor(Platform& platform_, SharedState& shared_, MidiOut& midi_, ChordLayers& chords_,
-               Accompaniment& accompaniment_, MainWindow& mainForm_, EditorWindow& form_, Dialogs& dialogs_,
-               ControlSystem& controls_)
+               ChordState& chordState, EditorRecorderState& recorderState, Accompaniment& accompaniment_,
+               MainWindow& mainForm_, EditorWindow& form_, Dialogs& dialogs_, ControlSystem& controls_)
     : state_(std::make_unique<EditorState>()),
       s(*state_),
       platform(platform_),
@@ -24,7 +24,9 @@ Editor::Editor(Platform& platform_, SharedState& shared_, MidiOut& midi_, ChordL
       barSettings(*this),
       sequencer(*this),
       files(*this),
-      window(*this) {
+      window(*this),
+      scoreImport(*this, chordState),
+      recorder(platform_, shared_, recorderState, dialogs_) {
     form.onLoad = [this] { window.Form_Load(); };
     form.onActivate = [this] { window.Form_Activate(); };
     form.onUnload = [this] { window.Form_Unload(); };
@@ -75,6 +77,8 @@ void Editor::wire() {
     c.BZWJ.onClick = [this] { window.BZWJ_Click(); };
     c.TUICHU.onClick = [this] { window.TUICHU_Click(); };
     c.YYDS.onTimer = [this] { sequencer.YYDS_Timer(); };
+    scoreImport.wire();
+    recorder.wire(form.recorder());
 }
 
 void Editor::registerVariables(ControlSystem& r) {

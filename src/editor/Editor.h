@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 
+#include "analysis/ScoreImport.h"
 #include "editor/BarEditing.h"
 #include "editor/BarSettings.h"
 #include "editor/EditFiles.h"
@@ -10,13 +11,16 @@
 #include "editor/EditorState.h"
 #include "editor/EditorWindowEvents.h"
 #include "forms/EditorWindow.h"
+#include "recorder/EditorRecorder.h"
 #include "shell/FatalEndSaves.h"
 
 namespace tessaly {
 
 class Accompaniment;
 class ChordLayers;
+struct ChordState;
 class ControlSystem;
+struct EditorRecorderState;
 class Dialogs;
 class MainWindow;
 class MidiOut;
@@ -30,8 +34,9 @@ class Editor {
     std::unique_ptr<EditorState> state_;
 
 public:
-    Editor(Platform& platform, SharedState& shared, MidiOut& midi, ChordLayers& chords, Accompaniment& accompaniment,
-           MainWindow& mainForm, EditorWindow& form, Dialogs& dialogs, ControlSystem& controls);
+    Editor(Platform& platform, SharedState& shared, MidiOut& midi, ChordLayers& chords, ChordState& chordState,
+           EditorRecorderState& recorderState, Accompaniment& accompaniment, MainWindow& mainForm, EditorWindow& form,
+           Dialogs& dialogs, ControlSystem& controls);
     ~Editor();
     Editor(const Editor&) = delete;
     Editor& operator=(const Editor&) = delete;
@@ -52,6 +57,8 @@ public:
     EditorSequencer sequencer;
     EditFiles files;
     EditorWindowEvents window;
+    ScoreImport scoreImport;
+    EditorRecorder recorder;
 
     EditorBarPanel& bar() { return form.bar(); }
     EditorSettingsPanel& settings() { return form.settings(); }

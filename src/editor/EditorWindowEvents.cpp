@@ -43,6 +43,7 @@ int32_t classicColor(int index) {
 void EditorWindowEvents::Form_Load() {
     e_.form.makeControls();
     e_.wire();
+    e_.recorder.Form_Load();
     e_.s.EditorStarted = kFalse;
     // The window's file dialog starts empty in the scores folder.
     e_.s.DialogFileName.clear();

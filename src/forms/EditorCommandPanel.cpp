@@ -12,6 +12,7 @@ EditorCommandPanel::EditorCommandPanel(Form& form)
       BCBJ(form.add<Button>("BCBJ")),
       DkBianji(form.add<Button>("DkBianji")),
       DCBJ(form.add<Button>("DCBJ")),
+      DRYP(form.add<Button>("DRYP")),
       BZWJ(form.add<Button>("BZWJ")),
       TUICHU(form.add<Button>("TUICHU")),
       YYDS(form.addTimer("YYDS")) {
@@ -28,6 +29,8 @@ EditorCommandPanel::EditorCommandPanel(Form& form)
     DkBianji.setCaption("打开编辑");
     DCBJ.setCaption("导出");
     DCBJ.setToolTip("把编辑的乐曲导出为MIDI文件或WAV、MP3音频，可在其他音乐软件或手机上播放！");
+    DRYP.setCaption("导入乐谱");
+    DRYP.setToolTip("打开txt乐谱，旋律放入乐器1和乐器2，并配上主窗口的和弦与节奏！");
     BZWJ.setCaption("帮助");
     TUICHU.setCaption("退出窗口");
 
@@ -38,6 +41,7 @@ EditorCommandPanel::EditorCommandPanel(Form& form)
     ZDXJZS.setGeometry({206, buttonTop, 60, height});
     ST1.setGeometry({280, buttonTop, 112, height});
     ST2.setGeometry({398, buttonTop, 120, height});
+    DRYP.setGeometry({530, buttonTop, 96, height});
     BCBJ.setGeometry({8, fileTop, 84, height});
     DkBianji.setGeometry({98, fileTop, 84, height});
     DCBJ.setGeometry({534, fileTop, 84, height});

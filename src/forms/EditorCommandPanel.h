@@ -5,7 +5,7 @@
 namespace tessaly {
 
 // The editor's buttons: those that work on the bar, the two that play, the
-// edit files, help and leaving; and the sequencer's timer.
+// edit files, the score import, help and leaving; and the sequencer's timer.
 class EditorCommandPanel {
 public:
     explicit EditorCommandPanel(Form& form);
@@ -19,6 +19,7 @@ public:
     Button& BCBJ;
     Button& DkBianji;
     Button& DCBJ;  // export
+    Button& DRYP;
     Button& BZWJ;
     Button& TUICHU;
     TimerControl& YYDS;

@@ -22,6 +22,7 @@ EditorWindow::EditorWindow(ControlSystem& system, EventLoop& loop) : Form(system
 EditorWindow::~EditorWindow() = default;
 
 void EditorWindow::makeControls() {
+    recorder_.reset();
     commands_.reset();
     settings_.reset();
     bar_.reset();
@@ -31,6 +32,7 @@ void EditorWindow::makeControls() {
     bar_ = std::make_unique<EditorBarPanel>(*this);
     settings_ = std::make_unique<EditorSettingsPanel>(*this);
     commands_ = std::make_unique<EditorCommandPanel>(*this);
+    recorder_ = std::make_unique<EditorRecorderPanel>(*this);
 }
 
 void EditorWindow::fitToTimeSignature(int index) {

@@ -3,6 +3,7 @@
 
 #include "forms/EditorBarPanel.h"
 #include "forms/EditorCommandPanel.h"
+#include "forms/EditorRecorderPanel.h"
 #include "forms/EditorSettingsPanel.h"
 #include "forms/Form.h"
 
@@ -21,6 +22,7 @@ public:
     EditorBarPanel& bar() { return *bar_; }
     EditorSettingsPanel& settings() { return *settings_; }
     EditorCommandPanel& commands() { return *commands_; }
+    EditorRecorderPanel& recorder() { return *recorder_; }
 
     // The widths that follow the time signature (0 "2/4", 1 "3/4", 2 "4/4"):
     // the note boxes, Picture1 that holds them and the form. Other indexes
@@ -33,6 +35,7 @@ private:
     std::unique_ptr<EditorBarPanel> bar_;
     std::unique_ptr<EditorSettingsPanel> settings_;
     std::unique_ptr<EditorCommandPanel> commands_;
+    std::unique_ptr<EditorRecorderPanel> recorder_;
 };
 
 // The form's height; its width follows the time signature.

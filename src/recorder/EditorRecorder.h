@@ -13,12 +13,14 @@ struct Platform;
 // The editor's recorder: the options LUYINJI (play, stop, record, save), the
 // quality list yinzi, and the timer Lyjsj, which counts minutes and seconds
 // and notices the end of play. Nothing keeps it from playing while it records.
+// Its controls are made afresh with the editor's window at each opening; the
+// state outlives them.
 class EditorRecorder {
 public:
-    EditorRecorder(Platform& platform, SharedState& shared, EditorRecorderState& state, EditorRecorderPanel& panel,
-                   Dialogs& dialogs);
+    EditorRecorder(Platform& platform, SharedState& shared, EditorRecorderState& state, Dialogs& dialogs);
 
-    void wire();
+    // Attaches the handlers to the window's recorder controls as they are now.
+    void wire(EditorRecorderPanel& panel);
     // The editor's form load: depth, rate and the quality list to their defaults.
     void Form_Load();
     void LUYINJI_Click(int Index);
@@ -35,7 +37,7 @@ private:
 
     SharedState& shared_;
     EditorRecorderState& state_;
-    EditorRecorderPanel& panel_;
+    EditorRecorderPanel* panel_ = nullptr;
     RecorderCommands commands_;
 };
 

@@ -3,6 +3,7 @@
 #include "notation/Catalogue.h"
 #include "notation/KeyTables.h"
 #include "notation/NoteVocabulary.h"
+#include "analysis/ImportState.h"
 #include "chords/ChordRegistry.h"
 #include "score/ScoreRecovery.h"
 #include "shell/StateRegistry.h"
@@ -41,7 +42,8 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       chordPageHandlers(platform_, state, chordState, midi, form1, chords),
       recorder(platform_, state, recorderState.main, form1, dialogs),
       YYBJ(controls, platform_.loop),
-      editor(platform_, state, midi, chords, accompaniment, form1, YYBJ, dialogs, controls),
+      editor(platform_, state, midi, chords, chordState, recorderState.editor, accompaniment, form1, YYBJ, dialogs,
+             controls),
       appDir_(std::move(appDir)),
       shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
@@ -84,6 +86,7 @@ void Instrument::registerVariables() {
     registerChordState(controls, chordState, chords, midi);
     registerRecorderState(controls, recorderState);
     editor.registerVariables(controls);
+    registerImportState(controls, editor.scoreImport.state());
     windowShell.registerVariables(controls);
 }
 

@@ -28,6 +28,7 @@ QLineEdit#notes { border: 1px solid rgba(255,255,255,0.35); border-radius: 3px; 
 QLineEdit#barNumber { background: rgba(250,252,255,0.94); color: #17222f; border-radius: 3px; }
 QLabel#trackCaption { color: #9fd0ff; }
 QLabel#notation { color: #ffe6a3; }
+QLabel#recorderTime { color: #ffe6a3; }
 QCheckBox#step { spacing: 0px; padding-left: 2px; border-radius: 2px; }
 QCheckBox#step::indicator { border: 1px solid #3a5674; background: rgba(255,255,255,0.75); }
 QRadioButton { color: #e6eef7; }
@@ -62,6 +63,7 @@ EditorView::EditorView(EditorWindow& model) : model_(model), binder_(model.contr
     buildBar();
     buildSettings();
     buildCommands();
+    buildRecorder();
     binder_.bind(model_, *this);
     stepObserver_ = model_.bar().observeSteps([this](int row, long index, bool loaded) {
         if (loaded) stepLoaded(row, index);
@@ -141,11 +143,20 @@ void EditorView::buildSettings() {
 void EditorView::buildCommands() {
     EditorCommandPanel& c = model_.commands();
     for (Control* button : std::initializer_list<Control*>{&c.BCBXJ, &c.CHARU, &c.QinKong, &c.ZDXJZS, &c.ST1, &c.ST2,
-                                                           &c.BCBJ, &c.DkBianji, &c.DCBJ, &c.BZWJ, &c.TUICHU})
+                                                           &c.BCBJ, &c.DkBianji, &c.DRYP, &c.DCBJ, &c.BZWJ, &c.TUICHU})
         make<QPushButton>(*button, *this, "command").setAutoDefault(false);
     // The two play controls stay down while they play.
     for (Control* play : {static_cast<Control*>(&c.ST1), static_cast<Control*>(&c.ST2)})
         if (auto* button = qobject_cast<QPushButton*>(binder_.widgetOf(*play))) button->setCheckable(true);
+}
+
+void EditorView::buildRecorder() {
+    EditorRecorderPanel& r = model_.recorder();
+    addCaption("录音机", QRect(12, r.LUYINJI[0].geometry().top + 2, 48, 24), *this);
+    // Each option stays down while it is the chosen one.
+    for (auto& [i, option] : r.LUYINJI) make<QPushButton>(*option, *this, "command").setAutoDefault(false);
+    make<QComboBox>(r.yinzi, *this);
+    make<QLabel>(r.LYSJ, *this, "recorderTime");
 }
 
 void EditorView::stepLoaded(int row, long index) {
@@ -179,7 +190,7 @@ void EditorView::paintEvent(QPaintEvent*) {
     const int bottom = picture1.top + picture1.height;
     drawMainBackground(painter, rect(),
                        {QRect(4, picture1.top - 4, picture3.left + picture3.width + 4, bottom - picture1.top + 8),
-                        QRect(4, 342, width() - 8, 136)});
+                        QRect(4, 342, width() - 8, 136), QRect(4, 486, width() - 8, 44)});
 }
 
 void EditorView::closeEvent(QCloseEvent* event) {

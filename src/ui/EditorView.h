@@ -29,6 +29,7 @@ private:
     void buildBar();
     void buildSettings();
     void buildCommands();
+    void buildRecorder();
     void addCaption(const char* text, const QRect& place, QWidget& parent);
     void stepLoaded(int row, long index);
     void stepUnloaded(int row, long index);

@@ -92,7 +92,6 @@ TEST(PlayedSound, ScriptDriverCommandWritesTheTake) {
     EXPECT_LT(peak(channelOf(take, 0, frameAt(9000, rate))), kWavSilence);               // long after Space
 }
 
-
 // A demonstration score opened from its file plays at once, at tempo 70: a
 // tick is 107 ms, so eighths (8 ticks) fall 856 ms apart and the long notes
 // (16 ticks) last 1712 ms.

@@ -93,14 +93,17 @@ TEST(RecorderScript, AKeyboardTakeOnTheMainWindowIsA16Bit44100HzStereoWavWithThe
 }
 
 // The editor's "普通音质": 8 bits at 22050 Hz, saved under the name as given.
+// The take holds a bar of the editor's song, a middle C on the piano alone.
 TEST(RecorderScript, TheEditorsOrdinaryQualityIs8Bit22050Hz) {
     ScriptRun run;
-    run.run(kPianoAlone +
-            "editor-recorder\n"
-            "pick EditorRecorderStandIn.yinzi 2\n"
-            "click EditorRecorderStandIn.LUYINJI(2)\n"
-            "advance 300\nkey down 71\nadvance 800\nkey down 32\nadvance 400\n"
-            "dialog 演奏记录/普通.wav\nclick EditorRecorderStandIn.LUYINJI(3)\n");
+    std::string script = "start\nclick Form1.BJCK\n";
+    for (int t = 1; t <= 6; ++t) script += "pick YYBJ.SYYQ(" + std::to_string(t) + ") 0\n";
+    run.run(script +
+            "focus YYBJ.YF1(0)\ntype YYBJ.YF1(0) KC--------------\nfocus YYBJ.XJZS\nadvance 200\n"
+            "pick YYBJ.yinzi 2\n"
+            "click YYBJ.LUYINJI(2)\n"
+            "advance 300\nclick YYBJ.ST1\nadvance 1200\n"
+            "dialog 演奏记录/普通.wav\nclick YYBJ.LUYINJI(3)\n");
     SoundFile take = readSound(run.file("普通.wav"));
     EXPECT_EQ(take.format, SF_FORMAT_WAV | SF_FORMAT_PCM_U8);
     EXPECT_EQ(take.rate, 22050);

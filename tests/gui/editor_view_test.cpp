@@ -53,7 +53,8 @@ TEST(EditorView, OpensInPlaceOfTheMainWindowWithEveryControlBound) {
     auto bound = e.view().binder().boundWidgets();
     for (const char* name : {"YYBJ.YF1(6)", "YYBJ.DJY5(15)", "YYBJ.HScroll1", "YYBJ.XJZS", "YYBJ.SYYQ(11)", "YYBJ.YQYL(0)",
                              "YYBJ.DQSUDU", "YYBJ.JPFL(2)", "YYBJ.Check1(1)", "YYBJ.HScroll3", "YYBJ.ST1", "YYBJ.ST2",
-                             "YYBJ.TUICHU", "YYBJ.ComDevies"})
+                             "YYBJ.TUICHU", "YYBJ.ComDevies", "YYBJ.DRYP", "YYBJ.LUYINJI(3)", "YYBJ.yinzi",
+                             "YYBJ.LYSJ"})
         EXPECT_TRUE(bound.count(name)) << name;
     EXPECT_EQ(e.stepWidgets(), 5 * 16);
     EXPECT_EQ(e.widget<QComboBox>(e.model.settings().SYYQ[1]).currentText(), "50.弦乐合奏2");

@@ -1,8 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "Harness.h"
 #include "forms/EditorRecorderPanel.h"
-#include "recorder/EditorRecorder.h"
 #include "recorder/MainRecorder.h"
 #include "recorder/RecorderCommands.h"
 #include "runtime/FatalFailure.h"
@@ -43,63 +44,100 @@ TEST(RecorderNames, ElapsedTimeAsAClock) {
 
 namespace {
 
-// The editor's recorder on a stand-in form of the program, with the
-// recorder's model answering the commands.
-struct EditorStandIn {
-    Harness h;
+// The program with the recorder's model answering the commands, the music
+// editor open on it.
+struct EditorOpen {
+    Harness h{false};
     RecordingMciCommands mci{h.log};
-    ScriptedDialogs dialogs;
-    Platform platform{h.loop, h.midiPort, h.wave, h.boxes, noInstanceLock(), mci, &dialogs};
-    Form form{h.app->controls, h.loop, "StandIn"};
-    EditorRecorderPanel panel{form};
-    EditorRecorder recorder{platform, h.app->state, h.app->recorderState.editor, panel, dialogs};
+    Platform platform{h.loop, h.midiPort, h.wave, h.boxes, noInstanceLock(), mci};
+    ScriptedDialogs& dialogs;
+    EditorRecorderPanel* panel = nullptr;
 
-    EditorStandIn() {
-        recorder.wire();
-        form.onLoad = [this] { recorder.Form_Load(); };
-        form.load();
+    EditorOpen() : dialogs(remake()) {
+        h.startUntilActive();
+        h.app->form1.BJCK.userClick();
+        panel = &h.app->YYBJ.recorder();
         h.log.take();
+    }
+    ~EditorOpen() { h.app.reset(); }
+
+    ScriptedDialogs& remake() {
+        h.app.reset();
+        h.app = std::make_unique<Instrument>(platform, h.dir.string());
+        return h.app->unansweredDialogs;
     }
 };
 
 }  // namespace
 
 TEST(EditorRecorder, ASaveThatCannotBeWrittenLeavesTheTimeRunning) {
-    EditorStandIn e;
-    e.panel.LUYINJI[2].userClick();
+    EditorOpen e;
+    e.panel->LUYINJI[2].userClick();
     e.h.loop.advance(2000);
     e.dialogs.queueFileAnswer((e.h.appDir / "没有/take.wav").string());
-    e.panel.LUYINJI[3].userClick();
-    EXPECT_TRUE(e.panel.Lyjsj.timerEnabled());
+    e.panel->LUYINJI[3].userClick();
+    EXPECT_TRUE(e.panel->Lyjsj.timerEnabled());
     EXPECT_EQ(e.h.app->recorderState.editor.RecordSeconds, 2);
     const auto lines = e.h.log.take();
     EXPECT_EQ(lines.back(), "mci save NN " + (e.h.appDir / "没有/take.wav").string()) << "no close after it";
     // The save option stays chosen, so it takes another option before it
     // answers again; the stop keeps the take. Elsewhere it saves.
-    e.panel.LUYINJI[3].userClick();
+    e.panel->LUYINJI[3].userClick();
     EXPECT_TRUE(e.h.log.take().empty());
-    e.panel.LUYINJI[1].userClick();
+    e.panel->LUYINJI[1].userClick();
     e.dialogs.queueFileAnswer((e.h.appDir / "take.wav").string());
-    e.panel.LUYINJI[3].userClick();
-    EXPECT_FALSE(e.panel.Lyjsj.timerEnabled());
+    e.panel->LUYINJI[3].userClick();
+    EXPECT_FALSE(e.panel->Lyjsj.timerEnabled());
     EXPECT_TRUE(std::filesystem::exists(e.h.appDir / "take.wav"));
 }
 
-TEST(Recorders, DialogsAskWithTheirFiltersInTheScoresFolder) {
-    EditorStandIn e;
+TEST(EditorRecorder, ComesAndGoesWithTheEditorsWindow) {
+    EditorOpen e;
     Instrument& app = *e.h.app;
+    e.panel->yinzi.userPick(2);
+    e.panel->LUYINJI[2].userClick();
+    e.h.loop.advance(2000);
+    EXPECT_EQ(e.panel->LYSJ.caption(), "当前: 0:1");
+    e.h.log.take();
+    // Leaving unloads the window: its clock stops with it.
+    app.YYBJ.commands().TUICHU.userClick();
+    e.h.log.take();
+    e.h.loop.advance(5000);
+    EXPECT_TRUE(e.h.log.take().empty()) << "no poll of a closed window";
+    // The next opening makes the controls afresh and its load sets the
+    // quality back; the counters carry on from where they stood.
+    app.form1.BJCK.userClick();
+    EditorRecorderPanel& again = app.YYBJ.recorder();
+    EXPECT_NE(&again, e.panel);
+    EXPECT_EQ(again.yinzi.listIndex(), 1);
+    EXPECT_EQ(app.recorderState.editor.RecordRate, "44100");
+    EXPECT_FALSE(again.Lyjsj.timerEnabled());
+    EXPECT_EQ(again.LYSJ.caption(), "当前: 00:00");
+    e.h.log.take();
+    again.LUYINJI[2].userClick();
+    const auto lines = e.h.log.take();
+    EXPECT_NE(std::find(lines.begin(), lines.end(), "mci Set NN samplespersec 44100"), lines.end());
+    e.h.loop.advance(1000);
+    EXPECT_EQ(again.LYSJ.caption(), "当前: 0:2");
+}
+
+TEST(Recorders, DialogsAskWithTheirFiltersInTheScoresFolder) {
+    Harness h;
+    Instrument& app = *h.app;
     const std::string folder = app.state.AppDir + "演奏记录";
-    auto asked = [](const ScriptedDialogs& dialogs) {
-        const auto& request = dialogs.lastRequest();
+    auto asked = [&app] {
+        const auto& request = app.unansweredDialogs.lastRequest();
         return request ? request->kind + " " + request->filter + " " + request->startFolder : std::string("none");
     };
     app.form1.recorderPanel.Image1[0].userClick();
-    EXPECT_EQ(asked(app.unansweredDialogs), "open 音频文件(wav;mp3)|*.wav;*.mp3 " + folder);
+    EXPECT_EQ(asked(), "open 音频文件(wav;mp3)|*.wav;*.mp3 " + folder);
     app.form1.recorderPanel.Image1[2].userClick();
     app.form1.recorderPanel.BcLY.userClick();
-    EXPECT_EQ(asked(app.unansweredDialogs), "save 演奏录音(wav)|*.wav " + folder);
-    e.panel.LUYINJI[0].userClick();
-    EXPECT_EQ(asked(e.dialogs), "open 演奏录音(wav)|*.wav|音乐(mp3)|*.mp3 " + folder);
-    e.panel.LUYINJI[3].userClick();
-    EXPECT_EQ(asked(e.dialogs), "save 演奏录音(wav)|*.wav " + folder);
+    EXPECT_EQ(asked(), "save 演奏录音(wav)|*.wav " + folder);
+    app.form1.BJCK.userClick();
+    EditorRecorderPanel& editor = app.YYBJ.recorder();
+    editor.LUYINJI[0].userClick();
+    EXPECT_EQ(asked(), "open 演奏录音(wav)|*.wav|音乐(mp3)|*.mp3 " + folder);
+    editor.LUYINJI[3].userClick();
+    EXPECT_EQ(asked(), "save 演奏录音(wav)|*.wav " + folder);
 }

@@ -8,7 +8,6 @@
 #include <stdexcept>
 #include <vector>
 
-#include "app/script/EditorRecorderStandIn.h"
 #include "app/script/SynthRendering.h"
 #include "export/ExportButtons.h"
 #include "forms/Controls.h"
@@ -118,7 +117,6 @@ void ScriptDriver::runUntilMainWindowActive() {
 }
 
 ScriptDriver::~ScriptDriver() {
-    editorRecorder_.reset();
     exportButtons_.reset();
     instrument_.reset();
     synth_.reset();
@@ -228,9 +226,6 @@ bool ScriptDriver::execute(const std::string& line) {
         dialogs_.queueFileAnswer(rest == "cancel" ? std::nullopt : std::optional<std::string>(path.string()));
     } else if (command == "input") {
         dialogs_.queueInputAnswer(rest == "cancel" ? std::nullopt : std::optional<std::string>(rest));
-    } else if (command == "editor-recorder") {
-        // Until the editor window holds it, the editor's recorder stands on a form of its own.
-        if (!editorRecorder_) editorRecorder_ = std::make_unique<EditorRecorderStandIn>(*instrument_);
     } else if (command == "mci") {
         if (rest != "end") throw ScriptError("mci end");
         // With the engine behind it a file ends by itself.

@@ -15,7 +15,6 @@ namespace tessaly {
 
 class Instrument;
 class SynthRendering;
-struct EditorRecorderStandIn;
 class ExportButtons;
 
 struct ScriptOptions {
@@ -66,7 +65,6 @@ private:
     VirtualWallClock clock_;
     Platform platform_;
     std::unique_ptr<Instrument> instrument_;
-    std::unique_ptr<EditorRecorderStandIn> editorRecorder_;
     // The export buttons, exporting at the click: a run stays deterministic.
     std::unique_ptr<ExportButtons> exportButtons_;
 };
