@@ -2,7 +2,6 @@
 // and offline render speed beside the fluidsynth command-line renderer.
 #include <benchmark/benchmark.h>
 #include <sndfile.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -14,13 +13,15 @@
 #include <vector>
 
 #include "BenchmarkSong.h"
+#include "CpuClocks.h"
 #include "platform/audio/AudioEngine.h"
 #include "platform/audio/BuiltInSynth.h"
 #include "platform/audio/OfflineRenderer.h"
-#include "platform/audio/WavFileWriter.h"
+#include "platform/audio/SoundFileWriter.h"
 
 using namespace tessaly;
 using namespace tessaly::audio;
+using namespace tessaly::bench;
 using Clock = std::chrono::steady_clock;
 
 namespace {
@@ -35,21 +36,6 @@ uint32_t pack(int status, int data1, int data2) {
 
 double seconds(Clock::duration d) {
     return std::chrono::duration<double>(d).count();
-}
-
-// CPU time of the calling thread: other work on a shared machine does not count.
-double threadCpuSeconds() {
-    timespec t{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
-    return static_cast<double>(t.tv_sec) + static_cast<double>(t.tv_nsec) * 1e-9;
-}
-
-// CPU time (user and system) of all child processes that have ended.
-double childCpuSeconds() {
-    rusage usage{};
-    getrusage(RUSAGE_CHILDREN, &usage);
-    auto toSeconds = [](const timeval& v) { return static_cast<double>(v.tv_sec) + static_cast<double>(v.tv_usec) * 1e-6; };
-    return toSeconds(usage.ru_utime) + toSeconds(usage.ru_stime);
 }
 
 std::string scratchPath(const std::string& name) {
@@ -183,7 +169,7 @@ void BM_OfflineRenderSong(benchmark::State& state) {
         Rig rig(kDefaultPeriodFrames, static_cast<int>(state.range(0)));
         const Clock::time_point start = Clock::now();
         const double startCpu = threadCpuSeconds();
-        WavFileWriter writer;
+        SoundFileWriter writer;
         writer.open(wav);
         OfflineRenderer renderer(rig.engine, &writer);
         for (const bench::TimedMessage& m : song) {

@@ -6,7 +6,6 @@
 // SoundFont. The two take turns, so that a load on the machine falls on both.
 #include <benchmark/benchmark.h>
 #include <sndfile.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -14,9 +13,11 @@
 #include <filesystem>
 #include <string>
 
+#include "CpuClocks.h"
 #include "export/Exporter.h"
 
 using namespace tessaly;
+using namespace tessaly::bench;
 using Clock = std::chrono::steady_clock;
 namespace fs = std::filesystem;
 
@@ -26,20 +27,6 @@ const char* const kSoundFonts[] = {"/usr/share/sounds/sf2/TimGM6mb.sf2", "/usr/s
 const char* const kSoundFontLabels[] = {"TimGM6mb", "FluidR3_GM"};
 // The demonstration score with a rhythm (JP1) under its melody.
 const std::string kScore = std::string(TESSALY_BUILD_DATA_DIR) + "/演奏记录/茉莉花.txt";
-
-double threadCpuSeconds() {
-    timespec t{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
-    return static_cast<double>(t.tv_sec) + static_cast<double>(t.tv_nsec) * 1e-9;
-}
-
-// CPU time (user and system) of the child processes that have ended.
-double childCpuSeconds() {
-    rusage usage{};
-    getrusage(RUSAGE_CHILDREN, &usage);
-    auto toSeconds = [](const timeval& v) { return static_cast<double>(v.tv_sec) + static_cast<double>(v.tv_usec) * 1e-6; };
-    return toSeconds(usage.ru_utime) + toSeconds(usage.ru_stime);
-}
 
 double secondsSince(Clock::time_point start) { return std::chrono::duration<double>(Clock::now() - start).count(); }
 

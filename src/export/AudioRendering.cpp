@@ -4,7 +4,7 @@
 #include <array>
 #include <cmath>
 
-#include "export/SoundFileWriter.h"
+#include "platform/audio/SoundFileWriter.h"
 #include "platform/audio/AudioEngine.h"
 #include "platform/audio/EngineWaveOut.h"
 #include "platform/audio/SystemMidiPort.h"
@@ -20,6 +20,16 @@ using namespace tessaly::audio;
 constexpr uint32_t kLongestTailMs = 5000;
 constexpr uint32_t kQuietRunMs = 100;
 constexpr float kQuietPeak = 1e-4f;
+
+SoundFileType soundFileTypeOf(ExportFormat format, const std::string& path) {
+    switch (format) {
+    case ExportFormat::Wav: return SoundFileType::Wav16;
+    case ExportFormat::Flac: return SoundFileType::Flac16;
+    case ExportFormat::Mp3: return SoundFileType::Mp3;
+    case ExportFormat::Midi: break;
+    }
+    throw ExportFailure("无法写入文件：" + path);
+}
 
 class Renderer {
 public:
@@ -61,7 +71,7 @@ void renderAudioFile(const CapturedPlay& play, ExportFormat format, const std::s
     EngineWaveOut(engine).setVolume(play.volumeWord);
 
     SoundFileWriter writer;
-    if (!writer.open(path, format)) throw ExportFailure("无法写入文件：" + path);
+    if (!writer.open(path, soundFileTypeOf(format, path))) throw ExportFailure("无法写入文件：" + path);
     Renderer renderer(engine, writer, path);
     auto checkCancel = [&] {
         if (options.cancel && options.cancel->load()) throw ExportFailure("导出已取消。");

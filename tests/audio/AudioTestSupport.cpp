@@ -37,7 +37,7 @@ std::vector<float> readWav(const std::string& path, int& rate) {
     return frames;
 }
 
-std::vector<float> renderScript(const std::string& script, int& rate) {
+std::vector<float> renderScript(const std::string& script, int& rate, std::string* driverOutput) {
     TempFolder folder;
     ScriptOptions options;
     options.synth = true;
@@ -50,6 +50,7 @@ std::vector<float> renderScript(const std::string& script, int& rate) {
         std::istringstream in(script);
         EXPECT_EQ(driver.run(in), 0) << out.str();
     }
+    if (driverOutput) *driverOutput = out.str();
     return readWav(options.wavPath, rate);
 }
 

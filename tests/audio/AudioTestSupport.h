@@ -60,8 +60,9 @@ private:
 std::vector<float> readWav(const std::string& path, int& rate);
 
 // Runs a driver script with the real synthesizer (the small SoundFont) in a
-// fresh data folder and returns everything rendered, from virtual time 0.
-std::vector<float> renderScript(const std::string& script, int& rate);
+// fresh data folder and returns everything rendered, from virtual time 0;
+// driverOutput, when given, gets what the driver printed.
+std::vector<float> renderScript(const std::string& script, int& rate, std::string* driverOutput = nullptr);
 
 // A sine tone WAV of the given rate and channel count, 16-bit.
 void writeSineWav(const std::string& path, double hz, int sampleRate, int channels, double seconds, double amplitude);

@@ -10,7 +10,6 @@
 
 #include "AudioTestSupport.h"
 #include "SignalAnalysis.h"
-#include "app/script/ScriptDriver.h"
 
 using namespace tessaly;
 using namespace tessaly::audio;
@@ -25,21 +24,8 @@ struct Render {
 };
 
 Render render(const std::string& script) {
-    TempFolder folder;
-    ScriptOptions options;
-    options.synth = true;
-    options.soundFont = kTestSoundFont;
-    options.wavPath = folder.file("heard.wav");
-    options.appDir = folder.file("app");
-    std::ostringstream out;
-    {
-        ScriptDriver driver(options, out);
-        std::istringstream in(script);
-        EXPECT_EQ(driver.run(in), 0) << out.str();
-    }
     Render r;
-    r.output = out.str();
-    r.stereo = readWav(options.wavPath, r.rate);
+    r.stereo = renderScript(script, r.rate, &r.output);
     return r;
 }
 

@@ -11,7 +11,7 @@
 #include "platform/audio/EngineWaveOut.h"
 #include "platform/audio/OfflineRenderer.h"
 #include "platform/audio/SoundFileReader.h"
-#include "platform/audio/WavFileWriter.h"
+#include "platform/audio/SoundFileWriter.h"
 
 using namespace tessaly;
 using namespace tessaly::audio;
@@ -81,7 +81,7 @@ TEST(EngineWaveOut, AbsurdRatesDoNotPlayAndLongSoundsKeepTheirFirstMinute) {
     EXPECT_FALSE(wave.playSound(notWave, 1));
 }
 
-TEST(WavFileWriter, OfflineRenderWritesExactMillisecondsAs16BitStereo) {
+TEST(SoundFileWriter, OfflineRenderWritesExactMillisecondsAs16BitStereo) {
     TempFolder folder;
     const std::string path = folder.file("take.wav");
     const std::string tone = folder.file("tone.wav");
@@ -89,7 +89,7 @@ TEST(WavFileWriter, OfflineRenderWritesExactMillisecondsAs16BitStereo) {
     {
         AudioEngine engine{{AudioOutput::Offline, 100}};
         EngineWaveOut wave(engine);
-        WavFileWriter writer;
+        SoundFileWriter writer;
         ASSERT_TRUE(writer.open(path));
         OfflineRenderer renderer(engine, &writer);
         renderer.renderUntilMs(250);
@@ -114,11 +114,11 @@ TEST(WavFileWriter, OfflineRenderWritesExactMillisecondsAs16BitStereo) {
     EXPECT_NEAR(peak(channelOf(read, 1, 250 * kFramesPerMs)), 0.9f, 0.01f);
 }
 
-TEST(WavFileWriter, ClipsInsteadOfWrappingPastFullScale) {
+TEST(SoundFileWriter, ClipsInsteadOfWrappingPastFullScale) {
     TempFolder folder;
     const std::string path = folder.file("loud.wav");
     {
-        WavFileWriter writer;
+        SoundFileWriter writer;
         ASSERT_TRUE(writer.open(path));
         const float frames[4] = {1.5f, -1.5f, 0.25f, -0.25f};
         EXPECT_TRUE(writer.write(frames, 2));

@@ -11,7 +11,7 @@
 #include "platform/audio/MciDevice.h"
 #include "platform/audio/OfflineRenderer.h"
 #include "platform/audio/SystemMidiPort.h"
-#include "platform/audio/WavFileWriter.h"
+#include "platform/audio/SoundFileWriter.h"
 
 namespace tessaly {
 
@@ -75,7 +75,7 @@ private:
     audio::SystemMidiPort synth_;
     audio::EngineWaveOut effects_;
     audio::MciDevice recorder_;
-    audio::WavFileWriter writer_;
+    audio::SoundFileWriter writer_;
     std::unique_ptr<audio::OfflineRenderer> renderer_;
     SteppedMidi midi_;
     SteppedWave wave_;

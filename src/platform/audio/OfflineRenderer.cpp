@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/audio/AudioEngine.h"
-#include "platform/audio/WavFileWriter.h"
+#include "platform/audio/SoundFileWriter.h"
 
 namespace tessaly::audio {
 

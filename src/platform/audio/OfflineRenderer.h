@@ -7,14 +7,14 @@
 namespace tessaly::audio {
 
 class AudioEngine;
-class WavFileWriter;
+class SoundFileWriter;
 
 // Keeps an offline engine in step with a virtual millisecond clock: whoever
 // drives the clock renders up to "now" before each message it sends, so a
 // message sounds at its own millisecond. What is rendered goes to the writer.
 class OfflineRenderer {
 public:
-    explicit OfflineRenderer(AudioEngine& engine, WavFileWriter* writer = nullptr)
+    explicit OfflineRenderer(AudioEngine& engine, SoundFileWriter* writer = nullptr)
         : engine_(engine), writer_(writer) {}
 
     // Renders until the rendered time reaches ms; nothing when it already has.
@@ -25,7 +25,7 @@ public:
 
 private:
     AudioEngine& engine_;
-    WavFileWriter* writer_;
+    SoundFileWriter* writer_;
     uint64_t renderedFrames_ = 0;
     std::array<float, kMaxPeriodFrames * kChannels> block_{};
 };
