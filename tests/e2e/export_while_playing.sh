@@ -7,28 +7,8 @@
 set -euo pipefail
 app="$1"
 raw_peak="$2"
-work="$(mktemp -d)"
-trap 'kill "$pid" 2>/dev/null || true; wait "$pid" 2>/dev/null || true; rm -rf "$work"' EXIT
-
-export TESSALY_APPDIR="$work/app"
-export TESSALY_SOUNDFONT=/usr/share/sounds/sf2/TimGM6mb.sf2
-export SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE="$work/out.raw"
-export XDG_RUNTIME_DIR="$work/run" && mkdir -m 700 "$work/run"
-
-"$app" >"$work/app.log" 2>&1 &
-pid=$!
-
-window=""
-for _ in $(seq 1 100); do
-  window="$(xdotool search --onlyvisible --name '^Tessaly201705$' 2>/dev/null | head -1 || true)"
-  [ -n "$window" ] && break
-  sleep 0.2
-done
-if [ -z "$window" ]; then
-  echo "the main window never showed"; cat "$work/app.log"; exit 1
-fi
-xdotool windowfocus --sync "$window"
-sleep 1
+source "$(dirname "$0")/instrument_under_xvfb.sh"
+start_instrument
 
 # The score box, then its row of buttons (window pixels): "试听" and "导出".
 click() { xdotool mousemove --window "$window" "$1" "$2" click 1; }
