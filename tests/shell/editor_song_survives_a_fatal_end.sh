@@ -3,16 +3,7 @@
 # while a song is in the editor: the next start opens the recovered edit file
 # and finds the song; a second failure does not write over the first file.
 set -euo pipefail
-driver=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-app=$work/app
-
-fail() { echo "FAIL: $*" >&2; exit 1; }
-expect() {  # expect WHAT ACTUAL EXPECTED
-  [ "$2" = "$3" ] || fail "$1: expected [$3], got [$2]"
-}
-run() { printf '%s\n' "$@" | "$driver" --appdir "$app"; }
+source "$(dirname "$0")/driver_session.sh"
 
 status=0
 out=$(run start 'click Form1.BJCK' 'focus YYBJ.YF1(2)' 'type YYBJ.YF1(2) hchdhe' 'click YYBJ.DJY5(7)' \

@@ -4,17 +4,8 @@
 # figures it does not hold yet, any bytes at all are read without harm, and a
 # 1001st line ends the program with its bounds failure.
 set -euo pipefail
-driver=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-app=$work/app
+source "$(dirname "$0")/driver_session.sh"
 file=$app/HxJzMx.txt
-
-fail() { echo "FAIL: $*" >&2; exit 1; }
-expect() {  # expect WHAT ACTUAL EXPECTED
-  [ "$2" = "$3" ] || fail "$1: expected [$3], got [$2]"
-}
-run() { printf '%s\n' "$@" | "$driver" --appdir "$app"; }
 
 # First start in an empty folder: 113 figures and two empty lines, CR LF.
 [ ! -e "$file" ] || fail "the file exists before the first start"

@@ -3,17 +3,8 @@
 # file holds one line of 77 characters and CR LF, in UTF-8, so more bytes than
 # characters; a copy in GB18030 from elsewhere opens the same.
 set -euo pipefail
-driver=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-app=$work/app
+source "$(dirname "$0")/driver_session.sh"
 folder=$app/演奏记录
-
-fail() { echo "FAIL: $*" >&2; exit 1; }
-expect() {  # expect WHAT ACTUAL EXPECTED
-  [ "$2" = "$3" ] || fail "$1: expected [$3], got [$2]"
-}
-run() { printf '%s\n' "$@" | "$driver" --appdir "$app"; }
 
 # The first built-in rhythm (01慢四) changed on the page, then saved.
 out=$(run start 'click Form1.BZA(1)' 'pick Form1.LblInst(2) 46' 'click Form1.Option1(1)' 'pick Form1.VsbVol 7' \

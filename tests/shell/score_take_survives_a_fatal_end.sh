@@ -4,16 +4,7 @@
 # "演奏记录", the failure says where, and the next start opens it; a second
 # failure does not write over the first file.
 set -euo pipefail
-driver=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-app=$work/app
-
-fail() { echo "FAIL: $*" >&2; exit 1; }
-expect() {  # expect WHAT ACTUAL EXPECTED
-  [ "$2" = "$3" ] || fail "$1: expected [$3], got [$2]"
-}
-run() { printf '%s\n' "$@" | "$driver" --appdir "$app"; }
+source "$(dirname "$0")/driver_session.sh"
 take=('key down 71' 'key up 71' 'advance 749' 'key down 72' 'key up 72' 'advance 428' 'key down 32' 'key up 32')
 
 status=0

@@ -3,17 +3,8 @@
 # defaults at the first start, a save read back at the next, and a broken file
 # that ends the program, is kept as tessaly.ini.bad and gives way to the defaults.
 set -euo pipefail
-driver=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-app=$work/app
+source "$(dirname "$0")/driver_session.sh"
 ini=$app/tessaly.ini
-
-fail() { echo "FAIL: $*" >&2; exit 1; }
-expect() {  # expect WHAT ACTUAL EXPECTED
-  [ "$2" = "$3" ] || fail "$1: expected [$3], got [$2]"
-}
-run() { printf '%s\n' "$@" | "$driver" --appdir "$app"; }
 
 # First start in an empty folder: the file is written and read.
 out=$(run start 'get InstrumentSet(4,0)' 'get InstrumentSet(11,2)' 'get KeypadPercussion(6)' 'get EffectFile(5)' \
