@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -11,6 +12,14 @@
 #include "platform/audio/SystemMidiPort.h"
 
 namespace tessaly::audio::testing {
+
+// An environment variable set for a scope: SDL reads its driver choice when
+// the audio subsystem starts.
+struct ScopedEnv {
+    ScopedEnv(const char* name, const std::string& value) : name_(name) { setenv(name, value.c_str(), 1); }
+    ~ScopedEnv() { unsetenv(name_); }
+    const char* name_;
+};
 
 // The small SoundFont: loads in a few milliseconds.
 inline const std::string kTestSoundFont = "/usr/share/sounds/sf2/TimGM6mb.sf2";

@@ -15,13 +15,6 @@ using namespace tessaly::audio::testing;
 
 namespace {
 
-// SDL reads its driver choice when the audio subsystem starts.
-struct ScopedEnv {
-    ScopedEnv(const char* name, const std::string& value) : name_(name) { setenv(name, value.c_str(), 1); }
-    ~ScopedEnv() { unsetenv(name_); }
-    const char* name_;
-};
-
 template <typename Done>
 bool waitFor(Done done) {
     for (int i = 0; i < 500 && !done(); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(10));

@@ -227,14 +227,6 @@ TEST(RecorderPlayback, StopKeepsThePlaceSeekGoesBackCloseSilencesAtOnce) {
     EXPECT_EQ(rig.mci.execute("status NN mode").reply, "");
 }
 
-namespace {
-struct ScopedEnv {
-    ScopedEnv(const char* name, const std::string& value) : name_(name) { setenv(name, value.c_str(), 1); }
-    ~ScopedEnv() { unsetenv(name_); }
-    const char* name_;
-};
-}  // namespace
-
 // In real time, with the renderer on its own thread: a file streamed through
 // the rate converter is taken back by the recording tap without a break.
 TEST(RecorderPlayback, InRealTimeTheStreamHasNoBreak) {

@@ -171,14 +171,6 @@ TEST(RecorderTake, CloseDiscardsTheTakeFile) {
     EXPECT_EQ(takes(), 0);
 }
 
-namespace {
-struct ScopedEnv {
-    ScopedEnv(const char* name, const std::string& value) : name_(name) { setenv(name, value.c_str(), 1); }
-    ~ScopedEnv() { unsetenv(name_); }
-    const char* name_;
-};
-}  // namespace
-
 // In real time: the renderer runs on its own thread (the silent sink, as
 // without a sound card), a sine sounds, and the take is emptied from this
 // thread at the program's pace, however late the scheduler lets it run.
