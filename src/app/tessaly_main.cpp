@@ -24,8 +24,10 @@
 #include "ui/QtMessageBoxes.h"
 #include "ui/ScoreEntryView.h"
 #include "ui/SplashView.h"
+#include "ui/WindowPlacement.h"
 
 int main(int argc, char** argv) {
+    tessaly::useChineseSystemLocale();
     tessaly::GuardedApplication application(argc, argv);
     tessaly::GuardedApplication::setApplicationName("tessaly");
     tessaly::GuardedApplication::setStyle(QStyleFactory::create("Fusion"));
@@ -55,6 +57,11 @@ int main(int argc, char** argv) {
     application.setBeforeFatalEnd(
         [&instrument] { return tessaly::savedWorkText(instrument.fatalEndSaves.runAll()); });
     tessaly::ScoreEntryView scoreEntry(instrument.YYLR);
+    // The main window comes back where it stood; the windows that take its
+    // place open over it.
+    tessaly::WindowPlacement placement(window);
+    placement.standIn(scoreEntry);
+    editor.setPlacement(&placement);
     boxes.setParentWindow(&window);
     dialogs.setParentWindow(&window);
     window.onUserClose = [&instrument] { instrument.close(); };

@@ -60,6 +60,7 @@ void Form::unload() {
     stopTimers();
     hide();
     loaded_ = false;
+    restoreDesignState();
 }
 
 void Form::stopTimers(const TimerControl* keep) {

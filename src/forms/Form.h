@@ -77,6 +77,12 @@ public:
 
     std::function<void()> onLoad, onActivate, onUnload;
 
+protected:
+    // An unloaded window forgets what its user left in it: at the next load its
+    // controls stand as they were made. Forms whose controls are all made at
+    // each opening have nothing to restore.
+    virtual void restoreDesignState() {}
+
 private:
     template <typename T>
     T& adopt(std::unique_ptr<T> control) {

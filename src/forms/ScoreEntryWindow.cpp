@@ -32,4 +32,9 @@ ScoreEntryWindow::ScoreEntryWindow(ControlSystem& system, EventLoop& loop)
     FANHUI.setCaption("返回主窗口");
 }
 
+void ScoreEntryWindow::restoreDesignState() {
+    WJMC.setText("");
+    Text1.setText("");
+}
+
 }  // namespace tessaly

@@ -17,6 +17,9 @@ public:
     Button& DKYP;
     Button& Command1;
     Button& FANHUI;
+
+protected:
+    void restoreDesignState() override;
 };
 
 extern const char* const kScoreEntryHelp;

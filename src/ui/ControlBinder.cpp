@@ -1,6 +1,7 @@
 #include "ui/ControlBinder.h"
 
 #include <QSignalBlocker>
+#include <QVariant>
 
 #include "forms/ControlSystem.h"
 #include "ui/BoundWidgetEvents.h"
@@ -15,14 +16,23 @@ constexpr Prop kAllProps[] = {Prop::Items,   Prop::ListIndex, Prop::Value,   Pro
                               Prop::Selection, Prop::Picture, Prop::ToolTip, Prop::Geometry, Prop::BackColor,
                               Prop::Enabled,   Prop::Visible,  Prop::Backdrop};
 
+// The widget's style before a colour of its control's own replaced it.
+constexpr const char* kStyleBeforeBackColor = "tessalyStyleBeforeBackColor";
+
 // A control's own background, with text that stays readable on it; the
-// system's colour leaves the window's style alone.
+// system's colour gives back the style the view gave the widget (a window's
+// style sheet colours every text on its picture).
 void applyBackColor(const Control& control, QWidget& widget) {
     const int32_t color = control.backColor();
+    const QVariant before = widget.property(kStyleBeforeBackColor);
     if (color == kSystemBackColor) {
-        widget.setStyleSheet(QString());
+        if (before.isValid()) {
+            widget.setStyleSheet(before.toString());
+            widget.setProperty(kStyleBeforeBackColor, QVariant());
+        }
         return;
     }
+    if (!before.isValid()) widget.setProperty(kStyleBeforeBackColor, widget.styleSheet());
     const int red = color & 0xFF, green = (color >> 8) & 0xFF, blue = (color >> 16) & 0xFF;
     const bool dark = red * 299 + green * 587 + blue * 114 < 128000;
     widget.setStyleSheet(QStringLiteral("background-color: rgb(%1,%2,%3); color: %4;")

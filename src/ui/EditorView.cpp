@@ -17,6 +17,7 @@
 #include "forms/EditorWindow.h"
 #include "ui/InstrumentStyle.h"
 #include "ui/Pictures.h"
+#include "ui/WindowPlacement.h"
 
 namespace tessaly {
 
@@ -56,7 +57,8 @@ constexpr const char* kTrackCaptions[12] = {"乐器1", "乐器2", "乐器3", "�
 
 }  // namespace
 
-EditorView::EditorView(EditorWindow& model) : model_(model), binder_(model.controlSystem()) {
+EditorView::EditorView(EditorWindow& model, WindowPlacement* placement)
+    : model_(model), placement_(placement), binder_(model.controlSystem()) {
     setObjectName(QStringLiteral("editorWindow"));
     setFont(instrumentFont());
     setStyleSheet(editorStyleSheet());
@@ -70,9 +72,10 @@ EditorView::EditorView(EditorWindow& model) : model_(model), binder_(model.contr
         else stepUnloaded(row, index);
     });
     formObserver_ = model_.observe([this](Control&, Prop prop) {
-        if (prop == Prop::Geometry) QTimer::singleShot(0, this, [this] { centreOnScreen(); });
+        if (prop == Prop::Geometry) QTimer::singleShot(0, this, [this] { centre(); });
     });
-    centreOnScreen();
+    centre();
+    if (placement_) placement_->standIn(*this);
 }
 
 EditorView::~EditorView() {
@@ -176,7 +179,11 @@ void EditorView::stepUnloaded(int row, long index) {
     steps_.erase(it);
 }
 
-void EditorView::centreOnScreen() {
+void EditorView::centre() {
+    if (placement_) {
+        placement_->centreOverMain(*this);
+        return;
+    }
     QScreen* screen = this->screen() ? this->screen() : QGuiApplication::primaryScreen();
     if (!screen) return;
     const QRect area = screen->availableGeometry();
@@ -203,7 +210,7 @@ EditorViewHost::EditorViewHost(EditorWindow& model) : model_(model) {
     observer_ = model_.observe([this](Control& form, Prop prop) {
         if (prop != Prop::Visible) return;
         if (form.visible() && !view_) {
-            view_ = new EditorView(model_);
+            view_ = new EditorView(model_, placement_);
             view_->show();
             view_->activateWindow();
         } else if (!form.visible() && view_) {

@@ -11,12 +11,14 @@ class QCheckBox;
 namespace tessaly {
 
 class EditorWindow;
+class WindowPlacement;
 
 // The music editor on the screen: a widget for each control of its model,
 // the percussion boxes made and dropped as the model loads and unloads them.
 class EditorView : public QWidget {
 public:
-    explicit EditorView(EditorWindow& model);
+    // With a placement the editor opens centred over the main window, else on the screen.
+    explicit EditorView(EditorWindow& model, WindowPlacement* placement = nullptr);
     ~EditorView() override;
 
     ControlBinder& binder() { return binder_; }
@@ -33,11 +35,12 @@ private:
     void addCaption(const char* text, const QRect& place, QWidget& parent);
     void stepLoaded(int row, long index);
     void stepUnloaded(int row, long index);
-    void centreOnScreen();
+    void centre();
     template <typename W>
     W& make(Control& control, QWidget& parent, const char* objectName = nullptr);
 
     EditorWindow& model_;
+    WindowPlacement* placement_;
     ControlBinder binder_;
     QWidget* grid_ = nullptr;
     std::map<std::pair<int, long>, QPointer<QCheckBox>> steps_;
@@ -53,9 +56,11 @@ public:
     explicit EditorViewHost(EditorWindow& model);
     ~EditorViewHost();
     EditorView* view() const { return view_.data(); }
+    void setPlacement(WindowPlacement* placement) { placement_ = placement; }
 
 private:
     EditorWindow& model_;
+    WindowPlacement* placement_ = nullptr;
     QPointer<EditorView> view_;
     int observer_ = 0;
 };

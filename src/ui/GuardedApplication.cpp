@@ -4,6 +4,7 @@
 #include <exception>
 
 #include "runtime/FatalFailure.h"
+#include "ui/QtDialogs.h"
 
 namespace tessaly {
 
@@ -41,8 +42,9 @@ void GuardedApplication::endWithMessage(const std::string& message) {
         // Saving is a courtesy: the program ends all the same.
     }
     if (!kept.empty()) text += QStringLiteral("\n\n") + QString::fromStdString(kept);
-    auto* box = new QMessageBox(QMessageBox::Critical, applicationDisplayName(), text);
+    auto* box = new QMessageBox(QMessageBox::Critical, QStringLiteral("运行时错误"), text);
     box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setStyleSheet(dialogStyleSheet());
     failureBox_ = box;
     box->exec();
     exit(kFailureExitCode);

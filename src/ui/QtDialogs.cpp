@@ -30,6 +30,17 @@ QString qtFileFilter(const std::string& filter) {
     return entries.join(QStringLiteral(";;"));
 }
 
+QString singleExtension(const QString& entry) {
+    const qsizetype open = entry.lastIndexOf(QLatin1Char('(')), close = entry.lastIndexOf(QLatin1Char(')'));
+    if (open < 0 || close <= open) return QString();
+    const QStringList patterns = entry.mid(open + 1, close - open - 1).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    if (patterns.size() != 1 || !patterns[0].startsWith(QStringLiteral("*."))) return QString();
+    const QString extension = patterns[0].mid(2);
+    if (extension.isEmpty() || extension.contains(QLatin1Char('*')) || extension.contains(QLatin1Char('?')))
+        return QString();
+    return extension;
+}
+
 std::optional<std::string> QtDialogs::chosen(const QString& path) {
     if (path.isEmpty()) return std::nullopt;
     std::string answer = path.toStdString();
@@ -37,19 +48,23 @@ std::optional<std::string> QtDialogs::chosen(const QString& path) {
     return answer;
 }
 
-QString fileDialogStyleSheet() {
+QString dialogStyleSheet() {
     // The window's own style is light text for a dark picture; a dialog is a
     // light window of its own and resets every colour it would inherit.
     return QStringLiteral(R"(
-QFileDialog { background: #f4f7fb; }
-QFileDialog QLabel, QFileDialog QCheckBox { color: #17222f; background: transparent; }
-QFileDialog QLineEdit, QFileDialog QComboBox, QFileDialog QTreeView, QFileDialog QListView {
-    color: #17222f; background: #ffffff; selection-background-color: #3d7bc4; selection-color: #ffffff; }
+QFileDialog, QMessageBox, QInputDialog { background: #f4f7fb; }
+QFileDialog QLabel, QFileDialog QCheckBox, QMessageBox QLabel, QInputDialog QLabel {
+    color: #17222f; background: transparent; }
+QFileDialog QLineEdit, QFileDialog QComboBox, QFileDialog QTreeView, QFileDialog QListView, QInputDialog QLineEdit {
+    color: #17222f; background: #ffffff; selection-background-color: #3d7bc4; selection-color: #ffffff;
+    border: 1px solid #8fa8c4; }
 QFileDialog QHeaderView::section { color: #17222f; background: #e3eaf3; padding: 3px 6px; border: 0px;
     border-right: 1px solid #c9d4e2; }
-QFileDialog QPushButton { color: #17222f; background: #e9eff7; border: 1px solid #8fa8c4; border-radius: 4px;
-    padding: 3px 14px; }
-QFileDialog QPushButton:disabled { color: #8a96a6; }
+QFileDialog QPushButton, QMessageBox QPushButton, QInputDialog QPushButton { color: #17222f; background: #e9eff7;
+    border: 1px solid #8fa8c4; border-radius: 4px; padding: 3px 14px; min-width: 56px; }
+QFileDialog QPushButton:focus, QMessageBox QPushButton:focus, QInputDialog QPushButton:focus {
+    border: 2px solid #3d7bc4; }
+QFileDialog QPushButton:disabled, QInputDialog QPushButton:disabled { color: #8a96a6; }
 QFileDialog QToolButton { background: transparent; }
 )");
 }
@@ -60,7 +75,7 @@ std::optional<std::string> QtDialogs::runFileDialog(bool saving, const std::stri
                        QString::fromStdString(startFolder), qtFileFilter(filter));
     // Qt's own dialog everywhere, in the program's language and colours.
     dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setStyleSheet(fileDialogStyleSheet());
+    dialog.setStyleSheet(dialogStyleSheet());
     dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setViewMode(QFileDialog::Detail);
@@ -71,6 +86,13 @@ std::optional<std::string> QtDialogs::runFileDialog(bool saving, const std::stri
         files->header()->setSectionResizeMode(0, QHeaderView::Stretch);
         for (int column = 1; column < files->header()->count(); ++column)
             files->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    }
+    // A name typed without an extension gets the one the chosen type names,
+    // as the desktop's own dialogs give it.
+    if (saving) {
+        dialog.setDefaultSuffix(singleExtension(dialog.selectedNameFilter()));
+        QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                         [&dialog](const QString& entry) { dialog.setDefaultSuffix(singleExtension(entry)); });
     }
     // QFileDialog asks before it replaces an existing file.
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
@@ -98,11 +120,13 @@ std::optional<std::string> QtDialogs::saveFileOfType(const std::string& filter, 
 
 std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const std::string& title,
                                                const std::string& defaultText) {
-    bool ok = false;
-    QString text = QInputDialog::getText(parentWindow(), QString::fromStdString(title), toWidgetText(prompt),
-                                         QLineEdit::Normal, toWidgetText(defaultText), &ok);
-    if (!ok) return std::nullopt;
-    return toModelText(text);
+    QInputDialog dialog(parentWindow());
+    dialog.setStyleSheet(dialogStyleSheet());
+    dialog.setWindowTitle(QString::fromStdString(title));
+    dialog.setLabelText(toWidgetText(prompt));
+    dialog.setTextValue(toWidgetText(defaultText));
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    return toModelText(dialog.textValue());
 }
 
 }  // namespace tessaly

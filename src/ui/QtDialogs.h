@@ -41,7 +41,11 @@ QString qtFileFilter(const std::string& filter);
 // Which pair of the filter an entry of the dialog's form stands for; -1 for none.
 int qtFilterIndex(const std::string& filter, const QString& entry);
 
-// The file dialogs' own light style, whatever window they open over.
-QString fileDialogStyleSheet();
+// The one extension an entry of the dialog's filter names ("节奏bin (*.bin)"
+// gives "bin"); empty for several patterns or a wildcard.
+QString singleExtension(const QString& entry);
+
+// The dialogs' and boxes' own light style, whatever window they open over.
+QString dialogStyleSheet();
 
 }  // namespace tessaly

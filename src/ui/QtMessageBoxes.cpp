@@ -6,6 +6,7 @@
 #include <QMessageBox>
 #include <QTimer>
 
+#include "ui/QtDialogs.h"
 #include "ui/TextConversion.h"
 
 namespace tessaly {
@@ -20,6 +21,7 @@ void QtMessageBoxes::timedBox(const std::string& title, const std::string& text,
     auto* box = new QMessageBox(QMessageBox::Information, QString::fromStdString(title), toWidgetText(text),
                                 QMessageBox::Ok, parentWindow());
     box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setStyleSheet(dialogStyleSheet());
     box->setWindowModality(Qt::NonModal);
     box->show();
     QTimer::singleShot(timeoutMs, box, &QWidget::close);
@@ -38,8 +40,11 @@ void QtMessageBoxes::waitForTimedBoxes() {
 }
 
 void QtMessageBoxes::plainBox(const std::string& text) {
-    QMessageBox box(QMessageBox::NoIcon, QGuiApplication::applicationDisplayName(), toWidgetText(text),
-                    QMessageBox::Ok, parentWindow());
+    // A box without a title of its own bears the name of the window it opens over.
+    QWidget* over = parentWindow();
+    const QString title = over ? over->window()->windowTitle() : QGuiApplication::applicationDisplayName();
+    QMessageBox box(QMessageBox::NoIcon, title, toWidgetText(text), QMessageBox::Ok, over);
+    box.setStyleSheet(dialogStyleSheet());
     box.exec();
 }
 
