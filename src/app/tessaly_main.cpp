@@ -65,7 +65,12 @@ int main(int argc, char** argv) {
     boxes.setParentWindow(&window);
     dialogs.setParentWindow(&window);
     window.onUserClose = [&instrument] { instrument.close(); };
-    instrument.onEnd = [] { tessaly::GuardedApplication::quit(); };
+    // A program that ends on its own (a settings file it could not read) says
+    // why first: its box stays up for its time.
+    instrument.onEnd = [&boxes] {
+        boxes.waitForTimedBoxes();
+        tessaly::GuardedApplication::quit();
+    };
     // Without an audio device the program still plays into a silent sink; the
     // status line says so once the main window is up.
     instrument.form1.observe([&](tessaly::Control& form, tessaly::Prop prop) {

@@ -39,11 +39,16 @@ bool WindowPlacement::eventFilter(QObject* watched, QEvent* event) {
     if (window == main_) {
         // Kept while hidden; given back before the window is mapped again, so
         // that the window manager takes it as the program's own position.
+        // The client area is what is kept: an unmapped window's frame is not
+        // known to Qt, so a frame position would be taken from the wrong origin.
         if (event->type() == QEvent::Hide) {
-            lastMainPosition_ = window->pos();
+            lastMainArea_ = window->geometry();
             lastMainFrame_ = window->frameGeometry();
-        } else if (lastMainFrame_.isValid() && window->pos() != lastMainPosition_) {
-            window->move(lastMainPosition_);
+        } else if (lastMainArea_.isValid()) {
+            // Qt still holds the old place while the window manager has moved the
+            // unmapped window: a place equal to Qt's own would not be sent at all.
+            window->move(window->pos() + QPoint(1, 0));
+            window->setGeometry(lastMainArea_);
         }
     } else if (event->type() == QEvent::Show) {
         centreOverMain(*window);

@@ -26,7 +26,7 @@ private:
     QRect mainArea() const;
 
     QPointer<QWidget> main_;
-    QPoint lastMainPosition_;
+    QRect lastMainArea_;
     QRect lastMainFrame_;
 };
 
