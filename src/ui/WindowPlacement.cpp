@@ -12,23 +12,33 @@ WindowPlacement::WindowPlacement(QWidget& main) : main_(&main) { main.installEve
 
 void WindowPlacement::standIn(QWidget& window) { window.installEventFilter(this); }
 
+// The client area: Qt's idea of a frame is wrong once a window has been
+// unmapped and mapped again by the window manager.
 QRect WindowPlacement::mainArea() const {
-    if (main_ && main_->isVisible()) return main_->frameGeometry();
-    return lastMainFrame_;
+    if (main_ && main_->isVisible()) return main_->geometry();
+    return lastMainArea_;
 }
 
 void WindowPlacement::centreOverMain(QWidget& window) const {
     const QRect over = mainArea();
     if (!over.isValid()) return;
-    QPoint place = over.center() - QPoint(window.width() / 2, window.height() / 2);
-    // Whole on the screen, title bar first.
+    QRect area(QPoint(0, 0), window.size());
+    area.moveCenter(over.center());
+    // Whole on the screen.
     if (QScreen* screen = QGuiApplication::screenAt(over.center()) ? QGuiApplication::screenAt(over.center())
                                                                   : QGuiApplication::primaryScreen()) {
         const QRect free = screen->availableGeometry();
-        place.setX(std::clamp(place.x(), free.left(), std::max(free.left(), free.right() - window.width())));
-        place.setY(std::clamp(place.y(), free.top(), std::max(free.top(), free.bottom() - window.height())));
+        area.moveLeft(std::clamp(area.left(), free.left(), std::max(free.left(), free.right() - area.width())));
+        area.moveTop(std::clamp(area.top(), free.top(), std::max(free.top(), free.bottom() - area.height())));
     }
-    window.move(place);
+    placeClientArea(window, area);
+}
+
+void WindowPlacement::placeClientArea(QWidget& window, const QRect& area) {
+    // Qt still holds the old place of a window the window manager has moved
+    // while it was unmapped: a place equal to Qt's own would not be sent at all.
+    window.move(window.pos() + QPoint(1, 0));
+    window.setGeometry(area);
 }
 
 bool WindowPlacement::eventFilter(QObject* watched, QEvent* event) {
@@ -43,12 +53,8 @@ bool WindowPlacement::eventFilter(QObject* watched, QEvent* event) {
         // known to Qt, so a frame position would be taken from the wrong origin.
         if (event->type() == QEvent::Hide) {
             lastMainArea_ = window->geometry();
-            lastMainFrame_ = window->frameGeometry();
         } else if (lastMainArea_.isValid()) {
-            // Qt still holds the old place while the window manager has moved the
-            // unmapped window: a place equal to Qt's own would not be sent at all.
-            window->move(window->pos() + QPoint(1, 0));
-            window->setGeometry(lastMainArea_);
+            placeClientArea(*window, lastMainArea_);
         }
     } else if (event->type() == QEvent::Show) {
         centreOverMain(*window);

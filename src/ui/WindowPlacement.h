@@ -24,10 +24,10 @@ protected:
 
 private:
     QRect mainArea() const;
+    static void placeClientArea(QWidget& window, const QRect& area);
 
     QPointer<QWidget> main_;
     QRect lastMainArea_;
-    QRect lastMainFrame_;
 };
 
 }  // namespace tessaly
