@@ -54,6 +54,8 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     panels.wire();
     panels.setEntryAction(4, [this] { help.enterHelpTab(); });
     panels.addSeeThroughBox(4, form1.helpPage.Text1);
+    for (TextBox* box : {&form1.chordPage.Text4, &form1.chordPage.Text5, &form1.chordPage.Text7, &form1.chordPage.Text6})
+        panels.addSeeThroughBox(1, *box);
     panels.setEntryAction(5, [this] { shortcuts.enterShortcutTab(); });
     help.wire();
     windowShell.wire();

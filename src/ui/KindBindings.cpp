@@ -190,6 +190,9 @@ ApplyChange bindLineEdit(TextBox& box, QLineEdit& edit) {
     auto echo = std::make_shared<bool>(false);
     if (box.maxLength() > 0) edit.setMaxLength(box.maxLength());
     auto apply = [&box, &edit, echo](Prop prop) {
+        // No ground of its own: the panel's picture shows behind the text.
+        if (prop == Prop::Backdrop && box.seeThrough())
+            edit.setStyleSheet(QStringLiteral("QLineEdit { background: transparent; }"));
         if (*echo) return;
         if (prop == Prop::Text) edit.setText(toWidgetText(box.text()));
         if (prop == Prop::Text || prop == Prop::Selection)

@@ -74,3 +74,19 @@ TEST(SeeThroughBoxes, TheHelpBoxShowsItsPanelsPictureAfterATopicIsLoaded) {
     QImage bare = v.view.grab().toImage().copy(lower);
     EXPECT_EQ(whole.copy(lower), bare);
 }
+
+// On the chord page the three figures and the order lie on the panel's
+// picture; the box of the two figures one behind the other keeps its ground.
+TEST(SeeThroughBoxes, TheChordPagesFourBoxesShowThePictureOnceTheTabIsOpened) {
+    ViewedInstrument v;
+    v.form.Xxk[1].userClick();
+    ChordPage& page = v.form.chordPage;
+    for (TextBox* box : {&page.Text4, &page.Text5, &page.Text7, &page.Text6}) {
+        ASSERT_TRUE(box->seeThrough()) << box->fullName();
+        // Only the right half, past the text; a trailing border column is the box's own.
+        box->setText("");
+        QWidget& widget = v.widget(*box);
+        EXPECT_EQ(underRightHalf(v.view, widget), pictureUnder(v, *box)) << box->fullName();
+    }
+    EXPECT_FALSE(page.Text2.seeThrough());
+}
