@@ -22,6 +22,7 @@
 #include "ui/RhythmPageView.h"
 #include "ui/Pictures.h"
 #include "ui/RecorderView.h"
+#include "ui/RestoreStrip.h"
 #include "ui/StatusAreaView.h"
 
 namespace tessaly {
@@ -66,6 +67,8 @@ MainWindowView::MainWindowView(MainWindow& model) : model_(model), binder_(model
     buildStatusAreaView(*this, model_, binder_);
 
     binder_.bind(model_, *this);
+    restoreStrip_ = new RestoreStrip(*this, model_);
+    restoreStrip_->follow(size());
 }
 
 template <typename W>
@@ -151,6 +154,11 @@ void MainWindowView::buildKeyboard() {
 void MainWindowView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     drawMainBackground(painter, rect(), mainWindowCards());
+}
+
+void MainWindowView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (restoreStrip_) restoreStrip_->follow(size());
 }
 
 void MainWindowView::closeEvent(QCloseEvent* event) {

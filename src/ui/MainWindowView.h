@@ -6,6 +6,8 @@
 
 namespace tessaly {
 
+class RestoreStrip;
+
 class MainWindow;
 
 // The main window on the screen: one widget for each control of the model,
@@ -22,6 +24,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void buildMelodyPanel(QWidget& panel);
@@ -33,6 +36,7 @@ private:
 
     MainWindow& model_;
     ControlBinder binder_;
+    RestoreStrip* restoreStrip_ = nullptr;
 };
 
 }  // namespace tessaly

@@ -165,3 +165,27 @@ TEST(MainWindowView, CheckBoxClicksAndTypedScoreTextGoThroughTheModel) {
     EXPECT_EQ(score.toPlainText(), "KC4KD\nTZ");
     EXPECT_EQ(score.textCursor().position(), 5);
 }
+
+// The small window keeps a strip of bare form the user can find; a click on it
+// gives the window its size back, and no control has moved meanwhile.
+TEST(MainWindowView, TheSmallWindowHasAStripThatRestoresItsSize) {
+    ViewedInstrument v;
+    auto* strip = v.view.findChild<QWidget*>(QStringLiteral("restoreStrip"));
+    ASSERT_NE(strip, nullptr);
+    EXPECT_FALSE(strip->isVisible());
+    const QRect keyboardButton = v.widget(v.form.SFYXYZ).geometry();
+
+    v.form.userClick();  // a click on the bare form: the small window
+    QApplication::processEvents();
+    ASSERT_EQ(v.view.size(), QSize(414, 229));
+    ASSERT_TRUE(strip->isVisible());
+    EXPECT_GE(strip->width(), 24);
+    EXPECT_EQ(strip->geometry().right(), v.view.width() - 1);
+    EXPECT_EQ(strip->height(), v.view.height());
+    EXPECT_EQ(v.widget(v.form.SFYXYZ).geometry(), keyboardButton);
+
+    QTest::mouseClick(strip, Qt::LeftButton, Qt::NoModifier, strip->rect().center());
+    QApplication::processEvents();
+    EXPECT_EQ(v.view.size(), QSize(986, 369));
+    EXPECT_FALSE(strip->isVisible());
+}
