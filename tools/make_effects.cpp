@@ -1,7 +1,8 @@
 // Synthesises the six default sound effects into a folder: clapping, thunder,
 // a gong, a bamboo flute phrase, a rising tide and a bell. Everything is made
 // here from oscillators, noise, filters and envelopes, with a fixed seed, so
-// every build writes the same files. 44.1 kHz, 16-bit, mono.
+// every build writes the same files. 44.1 kHz, 16-bit, mono, each at the
+// level of the instrument.
 //
 // usage: make_effects OUTPUT_FOLDER
 #include <sndfile.h>
@@ -300,6 +301,24 @@ Buffer bell() {
     return out;
 }
 
+// Every effect is heard at the level of the instrument: the RMS of its
+// loudest second is that of a middle C played on the default instruments at
+// the default volume, after the program's master volume.
+constexpr double kLoudestSecondDb = -35.5;
+
+void setLoudestSecond(Buffer& b, double targetDb) {
+    const std::size_t window = kRate;
+    double best = 0, sum = 0;
+    for (std::size_t i = 0; i < b.size(); ++i) {
+        sum += b[i] * b[i];
+        if (i >= window) sum -= b[i - window] * b[i - window];
+        best = std::max(best, sum / static_cast<double>(std::min(i + 1, window)));
+    }
+    if (best <= 0) return;
+    const double gain = std::pow(10.0, targetDb / 20.0) / std::sqrt(best);
+    for (double& x : b) x *= gain;
+}
+
 bool writeWav(const std::filesystem::path& path, const Buffer& samples) {
     SF_INFO info{};
     info.samplerate = kRate;
@@ -337,8 +356,11 @@ int main(int argc, char** argv) {
     // without, and the look-up finds it.
     const Effect effects[] = {{"拍手1.wav", clapping}, {"雷声3.WAV", thunder}, {"锣2.wav", gong},
                               {"民族笛子3.wav", flute}, {"涨潮.wav", tide},     {"钟声.wav", bell}};
-    for (const Effect& effect : effects)
-        if (!writeWav(folder / effect.name, effect.make())) return 1;
+    for (const Effect& effect : effects) {
+        Buffer sound = effect.make();
+        setLoudestSecond(sound, kLoudestSecondDb);
+        if (!writeWav(folder / effect.name, sound)) return 1;
+    }
     // Earlier builds wrote the bell under the name with the blank.
     std::error_code ignored;
     std::filesystem::remove(folder / "钟声.wav ", ignored);
