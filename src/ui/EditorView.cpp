@@ -196,8 +196,8 @@ void EditorView::paintEvent(QPaintEvent*) {
     const Geometry& picture3 = model_.settings().Picture3.geometry();
     const int bottom = picture1.top + picture1.height;
     drawMainBackground(painter, rect(),
-                       {QRect(4, picture1.top - 4, picture3.left + picture3.width + 4, bottom - picture1.top + 8),
-                        QRect(4, 342, width() - 8, 136), QRect(4, 486, width() - 8, 44)});
+                       {QRect(4, picture1.top - 4, picture3.left + picture3.width + 4, bottom - picture1.top + 10),
+                        QRect(4, bottom + 10, width() - 8, 476 - bottom), QRect(4, 486, width() - 8, 44)});
 }
 
 void EditorView::closeEvent(QCloseEvent* event) {
