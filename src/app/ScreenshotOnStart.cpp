@@ -1,10 +1,9 @@
 #include "ScreenshotOnStart.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QPixmap>
-#include <QScreen>
 #include <QTimer>
 #include <QWidget>
 #include <cstdio>
@@ -19,22 +18,30 @@ namespace {
 
 // Time for a window to be mapped and painted once.
 constexpr int kSettleMs = 800;
-// Room around a shaped window, so that its outline shows against the screen.
-constexpr int kMargin = 24;
 // Long enough for a few steps of a running rhythm.
 constexpr int kRhythmRunMs = 1700;
 
-void save(const QPixmap& picture, const QString& path) {
-    bool saved = !picture.isNull() && picture.save(path, "PNG");
-    std::fprintf(stderr, saved ? "screenshot saved to %s\n" : "could not save screenshot to %s\n", qPrintable(path));
-    QApplication::exit(saved ? 0 : 1);
+// The scene stands: the script that started the program takes the picture
+// of the whole screen, as the X server shows it, then ends the program.
+void save(const QString& path) {
+    QFile ready(path + QStringLiteral(".ready"));
+    const bool told = ready.open(QIODevice::WriteOnly) && ready.write("ready\n") == 6;
+    ready.close();
+    std::fprintf(stderr, told ? "scene ready for %s\n" : "could not tell that the scene for %s is ready\n",
+                 qPrintable(path));
 }
 
-QPixmap screenAround(QWidget& window) {
-    QScreen* screen = window.screen();
-    if (!screen) return window.grab();
-    const QRect area = window.frameGeometry().adjusted(-kMargin, -kMargin, kMargin, kMargin);
-    return screen->grabWindow(0, area.x(), area.y(), area.width(), area.height());
+// Tells the script once a modal box or dialog is up; its loop runs the timer.
+void whenModalIsUp(const QString& path) {
+    QObject::connect(qApp, &QApplication::focusChanged, qApp, [path] {
+        QWidget* box = QApplication::activeModalWidget();
+        if (!box || box->property("sceneArmed").toBool()) return;
+        box->setProperty("sceneArmed", true);
+        auto* timer = new QTimer(box);
+        timer->setSingleShot(true);
+        QObject::connect(timer, &QTimer::timeout, box, [path] { save(path); });
+        timer->start(kSettleMs);
+    });
 }
 
 // Runs the step once the main window has been activated.
@@ -93,37 +100,36 @@ void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& w
     if (path.isEmpty()) return;
     const QString of = qEnvironmentVariable("TESSALY_SCREENSHOT_OF", QStringLiteral("main"));
     QWidget& main = windows.main;
+    auto settled = [path](QObject* context) { QTimer::singleShot(kSettleMs, context, [path] { save(path); }); };
     if (of == QLatin1String("splash")) {
         // The splash stays up for its timer's 3 s.
-        QTimer::singleShot(kSettleMs, &windows.splash, [&windows, path] { save(screenAround(windows.splash), path); });
+        settled(&windows.splash);
     } else if (of == QLatin1String("farewell")) {
-        whenMainWindowIsUp(instrument, main, [&instrument, &windows, path] {
+        whenMainWindowIsUp(instrument, main, [&instrument, &windows, settled] {
             instrument.form1.Command1.userClick();
-            QTimer::singleShot(kSettleMs, &windows.farewell,
-                               [&windows, path] { save(screenAround(windows.farewell), path); });
+            settled(&windows.farewell);
         });
     } else if (of == QLatin1String("rhythm")) {
         // The rhythm tab with the first built-in rhythm running for a while.
         whenMainWindowIsUp(instrument, main, [&instrument, &main, path] {
             instrument.form1.Xxk[2].userClick();
             instrument.form1.BzQd.userClick();
-            QTimer::singleShot(kRhythmRunMs, &main, [&main, path] { save(main.grab(), path); });
+            QTimer::singleShot(kRhythmRunMs, &main, [path] { save(path); });
         });
     } else if (of == QLatin1String("editor") || of == QLatin1String("editor44")) {
         const bool fourFour = of == QLatin1String("editor44");
-        whenMainWindowIsUp(instrument, main, [&instrument, &windows, path, fourFour] {
+        whenMainWindowIsUp(instrument, main, [&instrument, &windows, settled, fourFour] {
             instrument.form1.BJCK.userClick();
             writeSomeBars(instrument, fourFour);
-            QTimer::singleShot(kSettleMs, windows.editor.view(),
-                               [&windows, path] { save(windows.editor.view()->grab(), path); });
+            settled(windows.editor.view());
         });
     } else if (of == QLatin1String("editor-import")) {
         // A demonstration score imported by DRYP: its file dialog is answered
-        // from within its own loop, then the arranged song is taken.
-        whenMainWindowIsUp(instrument, main, [&instrument, &windows, path] {
+        // from within its own loop, then the arranged song stands.
+        whenMainWindowIsUp(instrument, main, [&instrument, &windows, settled] {
             instrument.form1.BJCK.userClick();
             const QString score = QString::fromStdString(instrument.state.AppDir + "演奏记录/小星星.txt");
-            QTimer::singleShot(kSettleMs, windows.editor.view(), [&instrument, &windows, path, score] {
+            QTimer::singleShot(kSettleMs, windows.editor.view(), [&instrument, &windows, settled, score] {
                 QTimer::singleShot(kSettleMs, qApp, [score] {
                     auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
                     if (!dialog) return;
@@ -132,24 +138,15 @@ void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& w
                     static_cast<QDialog*>(dialog)->accept();  // public there, and virtual
                 });
                 instrument.YYBJ.commands().DRYP.userClick();
-                QTimer::singleShot(kSettleMs, windows.editor.view(),
-                                   [&windows, path] { save(windows.editor.view()->grab(), path); });
+                settled(windows.editor.view());
             });
         });
-    } else if (of == QLatin1String("editor-failure")) {
+    } else if (of == QLatin1String("fatal-box")) {
         // A song is written, then settings are saved on bar 256, which no bar
-        // past 255 can keep: the run-time failure's box is taken off the screen.
-        // Once failed the program's timers are still, so the picture is taken
-        // by a timer of the box itself.
-        QObject::connect(qApp, &QApplication::focusChanged, qApp, [path] {
-            QWidget* box = QApplication::activeModalWidget();
-            if (!box || box->property("screenshotArmed").toBool()) return;
-            box->setProperty("screenshotArmed", true);
-            auto* timer = new QTimer(box);
-            timer->setSingleShot(true);
-            QObject::connect(timer, &QTimer::timeout, box, [box, path] { save(screenAround(*box), path); });
-            timer->start(kSettleMs);
-        });
+        // past 255 can keep: the run-time failure's box, which says where the
+        // song was kept. Once failed the program's timers are still; the box's
+        // own timer tells that it stands.
+        whenModalIsUp(path);
         whenMainWindowIsUp(instrument, main, [&instrument, &windows] {
             instrument.form1.BJCK.userClick();
             writeSomeBars(instrument, false);
@@ -160,36 +157,40 @@ void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& w
                 instrument.YYBJ.commands().BCBXJ.userClick();
             });
         });
+    } else if (of == QLatin1String("input-box")) {
+        // The editor's 设置 asks for the number of bars.
+        whenModalIsUp(path);
+        whenMainWindowIsUp(instrument, main, [&instrument, &windows] {
+            instrument.form1.BJCK.userClick();
+            QTimer::singleShot(kSettleMs, windows.editor.view(),
+                               [&instrument] { instrument.YYBJ.commands().ZDXJZS.userClick(); });
+        });
+    } else if (of == QLatin1String("timed-box")) {
+        // A score the player cannot read, sent to 试听: the self-closing 提示.
+        whenMainWindowIsUp(instrument, main, [&instrument, &main, settled] {
+            instrument.form1.Text3.setText("QQKC8TZ");
+            instrument.form1.Yuepu[0].userClick();
+            settled(&main);
+        });
     } else if (of == QLatin1String("entry")) {
-        whenMainWindowIsUp(instrument, main, [&instrument, &windows, path] {
+        whenMainWindowIsUp(instrument, main, [&instrument, &windows, settled] {
             instrument.form1.XINJIAN.userClick();
             instrument.YYLR.Text1.setText("KC8KCKGKGKAKAKG16\r\nKF8KFKEKEKDKDKC16\r\nTZ");
             instrument.YYLR.WJMC.setText("小星星");
-            QTimer::singleShot(kSettleMs, &windows.scoreEntry,
-                               [&windows, path] { save(windows.scoreEntry.grab(), path); });
+            settled(&windows.scoreEntry);
         });
     } else if (of == QLatin1String("dialog")) {
-        whenMainWindowIsUp(instrument, main, [&instrument, &main, path] {
-            // The dialog runs its own loop: the picture is taken from within it.
-            QTimer::singleShot(kSettleMs, &main, [path] {
-                QWidget* dialog = QApplication::activeModalWidget();
-                if (dialog) save(screenAround(*dialog), path);
-                else save(QPixmap(), path);
-            });
-            instrument.form1.Yuepu[2].userClick();
-        });
+        whenModalIsUp(path);
+        whenMainWindowIsUp(instrument, main, [&instrument] { instrument.form1.Yuepu[2].userClick(); });
     } else {
-        whenMainWindowIsUp(instrument, main, [&instrument, &main, path, of] {
+        whenMainWindowIsUp(instrument, main, [&instrument, &main, settled, of] {
             MainWindow& form = instrument.form1;
             if (of == QLatin1String("shortcuts")) form.Xxk[5].userClick();
             if (of == QLatin1String("help")) form.Xxk[4].userClick();
             if (of == QLatin1String("chords")) form.Xxk[1].userClick();
             if (of == QLatin1String("keymap")) form.statusArea.Image3.userClick();
             if (of == QLatin1String("small")) form.userClick();
-            // The small window is framed by the screen around it.
-            const bool framed = of == QLatin1String("small");
-            QTimer::singleShot(kSettleMs, &main,
-                               [&main, path, framed] { save(framed ? screenAround(main) : main.grab(), path); });
+            settled(&main);
         });
     }
 }

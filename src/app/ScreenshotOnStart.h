@@ -16,18 +16,17 @@ struct ScreenshotWindows {
     QWidget& scoreEntry;
 };
 
-// When the environment names a file in TESSALY_SCREENSHOT, a picture of one
-// window is saved there once it is up, and the program quits. Which window
-// TESSALY_SCREENSHOT_OF says: "splash", "main" (the default), "shortcuts"
-// (the main window on its settings tab), "rhythm" (the rhythm tab with the
-// rhythm running), "chords" (on its chord tab), "help" (the help tab), "keymap"
-// (the key map unfolded), "small" (the small window), "entry" (the score entry
-// window with a score opened), "dialog" (the open dialog of the score panel),
-// "farewell", or "editor" and "editor44": the music editor with a few bars
-// written, in 2/4 and 4/4, or "editor-failure": the box of a run-time failure
-// met in the editor. The shaped windows are
-// taken from the screen around them, so that their shape shows.
-// For documentation and visual checks under a virtual display.
+// When the environment names a file in TESSALY_SCREENSHOT, the program stages
+// one scene and, once it stands, writes FILE.ready; the script that started it
+// then takes the whole screen as the X server shows it (scripts/screen-scene.sh)
+// and ends the program. The scene, TESSALY_SCREENSHOT_OF: "splash", "main" (the
+// default), "shortcuts", "rhythm" (the rhythm running), "chords", "help",
+// "keymap" (the key map unfolded), "small" (the small window), "entry" (the
+// score entry window with a score), "dialog" (the score panel's open dialog),
+// "farewell", "editor" and "editor44" (a few bars in 2/4 and 4/4),
+// "editor-import" (a demonstration score imported), "timed-box" (a score the
+// player cannot read), "input-box" (the editor's bar count) and "fatal-box"
+// (a run-time failure met in the editor, with where the song was kept).
 void screenshotOnStartIfAsked(Instrument& instrument, const ScreenshotWindows& windows);
 
 }  // namespace tessaly
