@@ -11,6 +11,7 @@ PACKAGES=(
   libgtest-dev libgmock-dev libbenchmark-dev
   clang libclang-rt-14-dev
   xvfb xauth xdotool libxtst-dev fonts-noto-cjk
+  openbox imagemagick x11-utils
 )
 
 missing=()
