@@ -20,17 +20,17 @@ ExportButtons::~ExportButtons() {
     if (job_.valid()) job_.wait();
 }
 
-std::optional<std::string> ExportButtons::chooseOutput() {
+std::optional<std::string> ExportButtons::chooseOutput(const std::string& suggestedName) {
     int type = -1;
     std::optional<std::string> chosen =
-        live_.dialogs.saveFileOfType(kExportFilter, live_.state.AppDir + "演奏记录", type);
+        live_.dialogs.saveFileOfType(kExportFilter, live_.state.AppDir + "演奏记录", type, suggestedName);
     if (!chosen) return std::nullopt;
     return withExportExtension(*chosen, type);
 }
 
 void ExportButtons::DCYP_Click() {
     if (busy()) return;
-    std::optional<std::string> output = chooseOutput();
+    std::optional<std::string> output = chooseOutput(suggestedExportName(live_.state.FilePathInUse, "乐谱"));
     if (!output) return;
     ExportRequest request;
     request.live = snapshotScore(live_);
@@ -40,7 +40,7 @@ void ExportButtons::DCYP_Click() {
 
 void ExportButtons::DCBJ_Click() {
     if (busy()) return;
-    std::optional<std::string> output = chooseOutput();
+    std::optional<std::string> output = chooseOutput(suggestedExportName(live_.editor.s.EditFilePath, "乐曲"));
     if (!output) return;
     ExportRequest request;
     request.live = snapshotSong(live_);

@@ -40,7 +40,7 @@ public:
 private:
     // The file named in the save dialog, with the extension of the type
     // chosen there when the name has none we write.
-    std::optional<std::string> chooseOutput();
+    std::optional<std::string> chooseOutput(const std::string& suggestedName);
     void begin(ExportRequest request, const char* what);
     void timerDue() override;
 

@@ -47,4 +47,9 @@ std::string withExportExtension(const std::string& chosen, int chosenType) {
     return chosen + (chosenType >= 1 && chosenType <= 2 ? kTypeExtensions[chosenType] : kTypeExtensions[0]);
 }
 
+std::string suggestedExportName(const std::string& workPath, const std::string& fallback) {
+    const std::string stem = std::filesystem::path(workPath).stem().string();
+    return stem.empty() ? fallback : stem;
+}
+
 }  // namespace tessaly

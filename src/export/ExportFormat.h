@@ -27,4 +27,8 @@ extern const char* const kExportFilter;
 // dialog cannot say, and then ".mid").
 std::string withExportExtension(const std::string& chosen, int chosenType = -1);
 
+// The name an export offers: that of the file the work was last opened from or
+// saved to, without folder or extension, else `fallback` ("乐谱", "乐曲").
+std::string suggestedExportName(const std::string& workPath, const std::string& fallback);
+
 }  // namespace tessaly

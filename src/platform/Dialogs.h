@@ -13,9 +13,11 @@ public:
     // The dialog itself asks before an existing file is replaced.
     virtual std::optional<std::string> saveFile(const std::string& filter, const std::string& startFolder) = 0;
     // The same, telling also which pair of the filter the user chose (from
-    // 0), or -1 where the dialog cannot say.
+    // 0), or -1 where the dialog cannot say. The dialog may offer
+    // suggestedName (no extension) with the chosen type's extension.
     virtual std::optional<std::string> saveFileOfType(const std::string& filter, const std::string& startFolder,
-                                                      int& chosenType) {
+                                                      int& chosenType, const std::string& suggestedName) {
+        (void)suggestedName;
         chosenType = -1;
         return saveFile(filter, startFolder);
     }

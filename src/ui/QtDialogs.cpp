@@ -5,6 +5,8 @@
 #include <QHeaderView>
 #include <QTreeView>
 #include <QInputDialog>
+#include <QLineEdit>
+#include <memory>
 #include <QStringList>
 
 #include "ui/TextConversion.h"
@@ -41,6 +43,24 @@ QString singleExtension(const QString& entry) {
     return extension;
 }
 
+void suggestName(QFileDialog& dialog, const QString& name) {
+    auto withExtension = [name](const QString& entry) {
+        const QString extension = singleExtension(entry);
+        return extension.isEmpty() ? name : name + QLatin1Char('.') + extension;
+    };
+    dialog.selectFile(withExtension(dialog.selectedNameFilter()));
+    // Another type chosen: the suggestion, while the user has not changed it,
+    // takes that type's extension.
+    auto* box = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    if (!box) return;
+    auto previous = std::make_shared<QString>(box->text());
+    QObject::connect(&dialog, &QFileDialog::filterSelected, box, [box, previous, withExtension](const QString& entry) {
+        if (box->text() != *previous) return;
+        *previous = withExtension(entry);
+        box->setText(*previous);
+    });
+}
+
 std::optional<std::string> QtDialogs::chosen(const QString& path) {
     if (path.isEmpty()) return std::nullopt;
     std::string answer = path.toStdString();
@@ -70,7 +90,8 @@ QFileDialog QToolButton { background: transparent; }
 }
 
 std::optional<std::string> QtDialogs::runFileDialog(bool saving, const std::string& filter,
-                                                    const std::string& startFolder, int* chosenType) {
+                                                    const std::string& startFolder, int* chosenType,
+                                                    const std::string& suggestedName) {
     QFileDialog dialog(parentWindow(), saving ? QStringLiteral("保存") : QStringLiteral("打开"),
                        QString::fromStdString(startFolder), qtFileFilter(filter));
     // Qt's own dialog everywhere, in the program's language and colours.
@@ -93,6 +114,7 @@ std::optional<std::string> QtDialogs::runFileDialog(bool saving, const std::stri
         dialog.setDefaultSuffix(singleExtension(dialog.selectedNameFilter()));
         QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
                          [&dialog](const QString& entry) { dialog.setDefaultSuffix(singleExtension(entry)); });
+        if (!suggestedName.empty()) suggestName(dialog, QString::fromStdString(suggestedName));
     }
     // QFileDialog asks before it replaces an existing file.
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
@@ -113,9 +135,9 @@ int qtFilterIndex(const std::string& filter, const QString& entry) {
 }
 
 std::optional<std::string> QtDialogs::saveFileOfType(const std::string& filter, const std::string& startFolder,
-                                                     int& chosenType) {
+                                                     int& chosenType, const std::string& suggestedName) {
     chosenType = -1;
-    return runFileDialog(true, filter, startFolder, &chosenType);
+    return runFileDialog(true, filter, startFolder, &chosenType, suggestedName);
 }
 
 std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const std::string& title,

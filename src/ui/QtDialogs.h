@@ -3,6 +3,8 @@
 #include <QString>
 #include <QWidget>
 
+class QFileDialog;
+
 #include "platform/Dialogs.h"
 
 namespace tessaly {
@@ -15,7 +17,7 @@ public:
     std::optional<std::string> openFile(const std::string& filter, const std::string& startFolder) override;
     std::optional<std::string> saveFile(const std::string& filter, const std::string& startFolder) override;
     std::optional<std::string> saveFileOfType(const std::string& filter, const std::string& startFolder,
-                                              int& chosenType) override;
+                                              int& chosenType, const std::string& suggestedName) override;
     std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
                                         const std::string& defaultText) override;
 
@@ -24,7 +26,7 @@ public:
 private:
     // chosenType, when given, gets which pair of the filter was chosen (-1: none).
     std::optional<std::string> runFileDialog(bool saving, const std::string& filter, const std::string& startFolder,
-                                             int* chosenType = nullptr);
+                                             int* chosenType = nullptr, const std::string& suggestedName = "");
     std::optional<std::string> chosen(const QString& path);
 
     // The window given, or the active one while that is hidden (the editor
@@ -44,6 +46,10 @@ int qtFilterIndex(const std::string& filter, const QString& entry);
 // The one extension an entry of the dialog's filter names ("节奏bin (*.bin)"
 // gives "bin"); empty for several patterns or a wildcard.
 QString singleExtension(const QString& entry);
+
+// Offers NAME in a save dialog with the extension of the type chosen, and
+// follows the type while the user leaves the name as offered.
+void suggestName(QFileDialog& dialog, const QString& name);
 
 // The dialogs' and boxes' own light style, whatever window they open over.
 QString dialogStyleSheet();

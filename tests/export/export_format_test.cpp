@@ -38,3 +38,10 @@ TEST(ExportFormat, ANameWithoutAnExtensionGetsTheOneOfTheTypeChosen) {
     EXPECT_EQ(withExportExtension("曲.wav", 2), "曲.wav");
     EXPECT_EQ(withExportExtension("曲.txt", 1), "曲.txt.wav");
 }
+
+TEST(ExportFormat, TheOfferedNameIsThatOfTheWorksFile) {
+    EXPECT_EQ(suggestedExportName("/home/u/演奏记录/茉莉花.txt", "乐谱"), "茉莉花");
+    EXPECT_EQ(suggestedExportName("/home/u/演奏记录/我的歌.lnk", "乐曲"), "我的歌");
+    EXPECT_EQ(suggestedExportName("", "乐谱"), "乐谱");
+    EXPECT_EQ(suggestedExportName("/home/u/演奏记录/", "乐曲"), "乐曲");
+}

@@ -5,6 +5,8 @@
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QTreeView>
@@ -30,6 +32,47 @@ TEST(QtDialogs, TheChosenEntryOfAFilterIsFoundByItsPair) {
     EXPECT_EQ(qtFilterIndex(exports, "MIDI 文件 (*.mid)"), 0);
     EXPECT_EQ(qtFilterIndex(exports, "MP3 音频 (*.mp3)"), 2);
     EXPECT_EQ(qtFilterIndex(exports, ""), -1);
+}
+
+// Each save dialog of the program names one extension in its filter, which a
+// name typed without one gets; the export's three types each give their own.
+TEST(QtDialogs, EverySaveFilterOfTheProgramNamesTheExtensionANameGets) {
+    for (const char* filter : {"节奏bin|*.bin", "乐谱记录txt|*.txt", "乐谱编辑|*.lnk", "演奏录音(wav)|*.wav"}) {
+        const QString entry = qtFileFilter(filter);
+        EXPECT_EQ(singleExtension(entry), entry.section(QStringLiteral("*."), 1).chopped(1)) << filter;
+    }
+    const QStringList exports = qtFileFilter("MIDI 文件|*.mid|WAV 音频|*.wav|MP3 音频|*.mp3").split(QStringLiteral(";;"));
+    EXPECT_EQ(singleExtension(exports[0]), "mid");
+    EXPECT_EQ(singleExtension(exports[2]), "mp3");
+    // Several patterns or a wildcard name no one extension.
+    EXPECT_EQ(singleExtension(qtFileFilter("音频文件(wav;mp3)|*.wav;*.mp3")), "");
+    EXPECT_EQ(singleExtension(qtFileFilter("全部|*.*")), "");
+}
+
+// A rhythm saved as "myrhythm" is written as myrhythm.bin, where the rhythm
+// list (*.bin) finds it.
+TEST(QtDialogs, ANameTypedWithoutExtensionGetsTheFiltersOne) {
+    QTemporaryDir folder;
+    QtDialogs dialogs;
+    QTimer::singleShot(300, [] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        ASSERT_NE(name, nullptr);
+        QTest::keyClicks(name, QStringLiteral("myrhythm"));
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    const std::optional<std::string> chosen = dialogs.saveFile("节奏bin|*.bin", folder.path().toStdString());
+    ASSERT_TRUE(chosen.has_value());
+    EXPECT_EQ(*chosen, folder.filePath(QStringLiteral("myrhythm.bin")).toStdString());
+}
+
+// Sizes and dates in the file dialogs are written in Chinese whatever the
+// user's locale.
+TEST(QtDialogs, TheSystemLocaleQtWritesSizesInIsChinese) {
+    EXPECT_EQ(QLocale::system().language(), QLocale::Chinese);
+    EXPECT_TRUE(QLocale::system().formattedDataSize(161).contains(QStringLiteral("字节")))
+        << QLocale::system().formattedDataSize(161).toStdString();
 }
 
 TEST(QtDialogs, IsADialogsOfThePlatformBeforeAnyDialogOpens) {
@@ -91,4 +134,31 @@ TEST(QtDialogs, TheFileDialogSpeaksChineseInReadableColoursWithWholeColumns) {
     });
     EXPECT_EQ(dialogs.openFile("乐谱记录txt|*.txt", folder.path().toStdString()), std::nullopt);
     EXPECT_TRUE(inspected);
+}
+
+// The export's dialog offers the work's name with the extension of the type
+// chosen, and follows the type until the user changes the name.
+TEST(QtDialogs, TheExportDialogOffersTheWorksNameWithTheTypesExtension) {
+    QTemporaryDir folder;
+    QtDialogs dialogs;
+    QString offered, afterTypeChange;
+    QTimer::singleShot(300, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        ASSERT_NE(name, nullptr);
+        offered = name->text();
+        dialog->selectNameFilter(QStringLiteral("WAV 音频 (*.wav)"));
+        emit dialog->filterSelected(QStringLiteral("WAV 音频 (*.wav)"));
+        afterTypeChange = name->text();
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    int type = -1;
+    const std::optional<std::string> chosen = dialogs.saveFileOfType(
+        "MIDI 文件|*.mid|WAV 音频|*.wav|MP3 音频|*.mp3", folder.path().toStdString(), type, "茉莉花");
+    EXPECT_EQ(offered, QStringLiteral("茉莉花.mid"));
+    EXPECT_EQ(afterTypeChange, QStringLiteral("茉莉花.wav"));
+    ASSERT_TRUE(chosen.has_value());
+    EXPECT_EQ(*chosen, folder.filePath(QStringLiteral("茉莉花.wav")).toStdString());
+    EXPECT_EQ(type, 1);
 }

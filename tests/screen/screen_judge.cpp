@@ -8,6 +8,9 @@
 //       it (relative luminance, (L1 + 0.05) / (L2 + 0.05)) is at least MINIMUM
 //   screen_judge alike PICTURE_A PICTURE_B X Y W H
 //       the area is the same in both pictures but for antialiasing
+//   screen_judge same-letters PICTURE_A PICTURE_B X Y W H
+//       the golden letters in the area cover the same pixels in both pictures,
+//       whatever lies around them
 //
 // Prints what it measured and exits 0 when the area passes, 1 when it does not.
 #include <QImage>
@@ -100,6 +103,24 @@ int alike(const QImage& a, const QImage& b) {
     return mean <= 4.0 ? 0 : 1;
 }
 
+bool golden(QRgb p) { return qRed(p) > 190 && qGreen(p) > 100 && qBlue(p) < 110 && qRed(p) - qBlue(p) > 120; }
+
+// The letters of both pictures, as the share of their pixels that are letters in both.
+int sameLetters(const QImage& a, const QImage& b) {
+    std::size_t inA = 0, inB = 0, inBoth = 0;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x) {
+            const bool ga = golden(a.pixel(x, y)), gb = golden(b.pixel(x, y));
+            inA += ga;
+            inB += gb;
+            inBoth += ga && gb;
+        }
+    const std::size_t either = inA + inB - inBoth, area = static_cast<std::size_t>(a.width()) * a.height();
+    const double overlap = either ? static_cast<double>(inBoth) / static_cast<double>(either) : 0.0;
+    std::printf("letter pixels %zu and %zu, %.1f %% of them in both\n", inA, inB, 100.0 * overlap);
+    return inA * 100 >= area && inB * 100 >= area && overlap >= 0.9 ? 0 : 1;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -110,7 +131,10 @@ int main(int argc, char** argv) {
         return contrast(area, std::atof(argv[7]));
     if (command == "alike" && argc == 8 && loadArea(argv[2], argv + 4, area) && loadArea(argv[3], argv + 4, other))
         return alike(area, other);
-    if (command != "readable" && command != "contrast" && command != "alike")
-        std::fprintf(stderr, "usage: screen_judge readable|contrast|alike ...\n");
+    if (command == "same-letters" && argc == 8 && loadArea(argv[2], argv + 4, area) &&
+        loadArea(argv[3], argv + 4, other))
+        return sameLetters(area, other);
+    if (command != "readable" && command != "contrast" && command != "alike" && command != "same-letters")
+        std::fprintf(stderr, "usage: screen_judge readable|contrast|alike|same-letters ...\n");
     return 2;
 }

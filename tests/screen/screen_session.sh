@@ -38,11 +38,21 @@ for _ in $(seq 1 50); do
   sleep 0.1
 done
 
-window_id() { xwininfo -root -tree | awk -v t="\"$1\":" '$2 == t && !found { print $1; found = 1 }'; }
+# The window tree; a window that goes while it is read spoils the reading,
+# which is then read again.
+window_tree() {
+  local tree
+  for _ in 1 2 3 4 5; do
+    tree="$(xwininfo -root -tree 2>/dev/null)" && { printf '%s\n' "$tree"; return 0; }
+    sleep 0.05
+  done
+}
+
+window_id() { window_tree | awk -v t="\"$1\": (" 'index($0, t) && !found { print $1; found = 1 }'; }
 
 # The smallest window of that name: a box that bears the name of the window it opens over.
 box_id() {
-  xwininfo -root -tree | awk -v t="\"$1\":" '$2 == t { split($0, a, ")  "); split(a[2], g, "x");
+  window_tree | awk -v t="\"$1\": (" 'index($0, t) { split($0, a, ")  "); split(a[2], g, "x");
     if (!found || g[1] + 0 < w) { w = g[1] + 0; id = $1; found = 1 } } END { if (found) print id }'
 }
 

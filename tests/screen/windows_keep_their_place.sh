@@ -2,7 +2,7 @@
 # Under a window manager the windows stand where the user left them: the
 # entry window and the editor open centred over the main window, and the main
 # window comes back exactly where it stood by every way out of them. The entry
-# window opens empty each time.
+# window opens empty each time. The farewell looks the same by either way out.
 # Usage: windows_keep_their_place.sh TESSALY SCREEN_JUDGE
 set -euo pipefail
 app="$1"
@@ -68,3 +68,21 @@ click_in Tessaly201705 896 181
 wait_window 音乐编辑器
 close_box 音乐编辑器
 main_in_place "the editor's close box"
+
+echo "the farewell after 退出 and after the close box"
+farewell() {
+  wait_window "$1"
+  shot "$2"
+  set -- $(client "$1")
+  echo $1 $2 $3 $4 > "$work/farewell-area"
+}
+click_in Tessaly201705 938 20   # 退出
+farewell "再 见" farewell-exit
+wait "$pid" || true
+pid=""
+rm -f "$TESSALY_APPDIR/tessaly.lock"
+start_instrument
+close_box Tessaly201705
+farewell "再 见" farewell-close
+judge same-letters "$work/farewell-exit.png" "$work/farewell-close.png" $(cat "$work/farewell-area") ||
+  fail "the farewell differs by the way out"
