@@ -99,6 +99,7 @@ TEST(SoundFileWriter, OfflineRenderWritesExactMillisecondsAs16BitStereo) {
         renderer.renderMs(10);
         renderer.renderUntilMs(100);  // already past: nothing
         EXPECT_EQ(writer.framesWritten(), 260 * kFramesPerMs);
+        ASSERT_TRUE(writer.close());
     }
     SF_INFO info{};
     SNDFILE* file = sf_open(path.c_str(), SFM_READ, &info);
@@ -122,6 +123,15 @@ TEST(SoundFileWriter, ClipsInsteadOfWrappingPastFullScale) {
         ASSERT_TRUE(writer.open(path));
         const float frames[4] = {1.5f, -1.5f, 0.25f, -0.25f};
         EXPECT_TRUE(writer.write(frames, 2));
+        ASSERT_TRUE(writer.close());
+        EXPECT_TRUE(std::filesystem::exists(path));
+    }
+    {
+        // A file not closed is abandoned: what was there stays.
+        SoundFileWriter writer;
+        ASSERT_TRUE(writer.open(path));
+        const float silence[2] = {};
+        EXPECT_TRUE(writer.write(silence, 1));
     }
     SF_INFO info{};
     SNDFILE* file = sf_open(path.c_str(), SFM_READ, &info);
