@@ -124,6 +124,7 @@ void Instrument::Form_Activate() {
         end();
         return;
     }
+    effects.prepareEffects();
     form1.Text3.setText(state.ScoreText);
     if (!activated_) QDCSH();
     form1.SFYXYZ.setEnabled(true);
