@@ -2,12 +2,14 @@
 // with the built-in synthesizer on the audio device.
 #include <QStyleFactory>
 
+#include <cstdio>
 #include <cstdlib>
 
 #include "ScreenshotOnStart.h"
 #include "SoundSystem.h"
 #include "export/ExportButtons.h"
 #include "platform/posix/FlockInstanceLock.h"
+#include "platform/qt/QtEndSignals.h"
 #include "platform/qt/QtEventLoop.h"
 #include "runtime/FatalFailure.h"
 #include "shell/AppFolder.h"
@@ -65,6 +67,16 @@ int main(int argc, char** argv) {
     boxes.setParentWindow(&window);
     dialogs.setParentWindow(&window);
     window.onUserClose = [&instrument] { instrument.close(); };
+    // Told to end (logout, kill, Ctrl-C): the work is kept as after a failure,
+    // then the program closes as by its close box.
+    bool toldToEnd = false;
+    tessaly::QtEndSignals endSignals([&instrument, &toldToEnd](int) {
+        if (toldToEnd) return;
+        toldToEnd = true;
+        const std::string kept = tessaly::savedWorkText(instrument.fatalEndSaves.runAll());
+        if (!kept.empty()) std::fprintf(stderr, "%s\n", kept.c_str());
+        instrument.close();
+    });
     // A program that ends on its own (a settings file it could not read) says
     // why first: its box stays up for its time.
     instrument.onEnd = [&boxes] {

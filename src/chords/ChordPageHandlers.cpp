@@ -11,6 +11,7 @@
 #include "midi/MidiOut.h"
 #include "platform/Platform.h"
 #include "runtime/Arithmetic.h"
+#include "runtime/FileAccess.h"
 #include "runtime/Text.h"
 #include "state/SharedState.h"
 
@@ -132,7 +133,10 @@ void ChordPageHandlers::Command4_Click() {
         for (long i = 1; i <= count && !known; ++i) known = chords_.PatternLines[i] == box->text();
         if (!known) fresh.push_back(box->text());
     }
-    if (!fresh.empty()) file.append(fresh);
+    // The file is kept as it was when the figures cannot be added.
+    int error = 0;
+    if (!fresh.empty() && !file.append(fresh, &error))
+        platform_.boxes.timedBox("提示", "无法保存和弦节奏：" + fileFailureMessage(file.path(), error), 5000);
 }
 
 void ChordPageHandlers::normaliseFigure(TextBox& box, bool showInText2) {

@@ -24,7 +24,7 @@ void ChordSequencer::wire() {
 
 void ChordSequencer::HXYS_Timer() {
     // The only dynamics: the expression falls over the bar. Layer 3 keeps its own.
-    const auto expression = toInt16(120 - 2 * state_.AccompanimentTick);
+    const auto expression = toInt16(120 - 2LL * state_.AccompanimentTick);
     midi_.SendMidiOut(179, 11, expression);
     midi_.SendMidiOut(180, 11, expression);
     if (state_.AccompanimentTick == 0) layers_.HX1K();
@@ -35,7 +35,7 @@ void ChordSequencer::HXYS_Timer() {
         // Layer 3 closes the progression: it plays in the order's last bar only.
         if (form_.Combo3.listIndex() > 0 && state_.ChordIndex == state_.ChordCount) layers_.ZHHXJ();
 
-        state_.ChordStep = toInt16(state_.ChordStep + 1);
+        state_.ChordStep = toInt32(state_.ChordStep + 1LL);
         if (state_.StepsPerChord == 0) throw FatalFailure(FailureKind::Overflow, "除数为零");
         if (state_.ChordStep % state_.StepsPerChord == 0) state_.ChordIndex = toInt16(state_.ChordIndex + 1);
         // One pass of the order, then the audition stops by itself.
@@ -47,7 +47,7 @@ void ChordSequencer::HXYS_Timer() {
         }
     }
 
-    state_.AccompanimentTick = toInt16(state_.AccompanimentTick + 1);
+    state_.AccompanimentTick = toInt32(state_.AccompanimentTick + 1LL);
     if (state_.AccompanimentTick > 2 * state_.RhythmLastStep + 1) state_.AccompanimentTick = 0;
 }
 

@@ -1,11 +1,11 @@
 #include "chords/PatternFile.h"
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <optional>
 
 #include "chords/ChordResources.h"
 #include "chords/ChordState.h"
+#include "runtime/FatalFailure.h"
 #include "runtime/TextFiles.h"
 
 namespace tessaly {
@@ -20,17 +20,20 @@ bool PatternFile::create() const { return replaceFile(path_, std::string(kPatter
 long PatternFile::readInto(ChordState& chords) const {
     std::vector<std::string> lines = splitLines(readTextFile(path_).value_or(std::string()));
     long count = 0;
-    for (std::string& line : lines) chords.PatternLines[++count] = std::move(line);
+    try {
+        for (std::string& line : lines) chords.PatternLines[++count] = std::move(line);
+    } catch (const FatalFailure& failure) {
+        // The table's bound means nothing to the user: the message names the file.
+        throw FatalFailure(failure.kind(), "超过 1000 行：" + path_);
+    }
     return count;
 }
 
-bool PatternFile::append(const std::vector<std::string>& lines) const {
-    std::ifstream file(path_, std::ios::binary);
-    if (!file) return false;
-    std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-    if (file.bad()) return false;
-    for (const std::string& line : lines) bytes += line + "\r\n";
-    return replaceFile(path_, bytes);
+bool PatternFile::append(const std::vector<std::string>& lines, int* error) const {
+    std::optional<std::string> bytes = readFileBytes(path_, kLongestTextFile, error);
+    if (!bytes) return false;
+    for (const std::string& line : lines) *bytes += line + "\r\n";
+    return replaceFile(path_, *bytes, error);
 }
 
 }  // namespace tessaly

@@ -22,7 +22,7 @@ public:
     // past the table unnoticed. A file that cannot be read has no lines.
     long readInto(ChordState& chords) const;
     // Adds the lines at the end of the file, each with its line end.
-    bool append(const std::vector<std::string>& lines) const;
+    bool append(const std::vector<std::string>& lines, int* error = nullptr) const;
 
 private:
     std::string path_;

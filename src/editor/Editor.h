@@ -78,7 +78,7 @@ public:
     // Writes the song as an edit file under a name that says it was
     // recovered, for the end of the program by a run-time failure; nothing
     // when the song is empty.
-    std::optional<FatalEndSaves::Saved> saveForRecovery();
+    std::optional<FatalEndSaves::Saved> saveForRecovery(const std::vector<std::string>& folders);
 };
 
 }  // namespace tessaly

@@ -28,7 +28,7 @@ SoundFileType soundFileTypeOf(ExportFormat format, const std::string& path) {
     case ExportFormat::Mp3: return SoundFileType::Mp3;
     case ExportFormat::Midi: break;
     }
-    throw ExportFailure("无法写入文件：" + path);
+    throw ExportFailure(exportFailureText(path, 0));
 }
 
 class Renderer {
@@ -45,7 +45,7 @@ public:
                 static_cast<int>(std::min<uint64_t>(static_cast<uint64_t>(engine_.periodFrames()), target - rendered_));
             engine_.renderFrames(block_.data(), frames);
             for (int i = 0; i < frames * kChannels; ++i) loudest = std::max(loudest, std::fabs(block_[static_cast<std::size_t>(i)]));
-            if (!writer_.write(block_.data(), frames)) throw ExportFailure("无法写入文件：" + path_);
+            if (!writer_.write(block_.data(), frames)) throw ExportFailure(exportFailureText(path_, writer_.error()));
             rendered_ += static_cast<uint64_t>(frames);
         }
         return loudest;
@@ -71,7 +71,8 @@ void renderAudioFile(const CapturedPlay& play, ExportFormat format, const std::s
     EngineWaveOut(engine).setVolume(play.volumeWord);
 
     SoundFileWriter writer;
-    if (!writer.open(path, soundFileTypeOf(format, path))) throw ExportFailure("无法写入文件：" + path);
+    if (!writer.open(path, soundFileTypeOf(format, path)))
+        throw ExportFailure(exportFailureText(path, writer.error()));
     Renderer renderer(engine, writer, path);
     auto checkCancel = [&] {
         if (options.cancel && options.cancel->load()) throw ExportFailure("导出已取消。");
@@ -95,7 +96,7 @@ void renderAudioFile(const CapturedPlay& play, ExportFormat format, const std::s
         quietMs = loudest < kQuietPeak ? quietMs + 10 : 0;
     }
     port.close(handle);
-    if (!writer.close()) throw ExportFailure("无法写入文件：" + path);
+    if (!writer.close()) throw ExportFailure(exportFailureText(path, writer.error()));
     if (options.progress) options.progress(play.endMs, play.endMs);
 }
 

@@ -2,6 +2,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <stdexcept>
+#include <string>
 #include <vector>
 
 namespace tessaly {
@@ -37,6 +38,9 @@ struct CapturedPlay {
 struct ExportFailure : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
+
+// "无法写入文件：PATH：CAUSE", the cause in words (an errno, or a cause of FileAccess.h).
+std::string exportFailureText(const std::string& path, int error);
 
 inline int statusOf(uint32_t message) { return static_cast<int>(message & 0xFF); }
 inline int data1Of(uint32_t message) { return static_cast<int>((message >> 8) & 0xFF); }

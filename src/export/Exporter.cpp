@@ -1,7 +1,5 @@
 #include "export/Exporter.h"
 
-#include <unistd.h>
-
 #include <filesystem>
 
 #include "export/AudioRendering.h"
@@ -11,6 +9,7 @@
 #include "export/PlayCapture.h"
 #include "export/PlaySources.h"
 #include "export/RenderProgram.h"
+#include "runtime/FileAccess.h"
 
 namespace tessaly {
 
@@ -46,28 +45,22 @@ std::string titleOf(const ExportRequest& request) {
     return fs::path(named).stem().string();
 }
 
-// A name beside the output that no other export uses at the same time.
-std::string partPath(const std::string& output) {
-    fs::path path(output);
-    static std::atomic<unsigned> exports{0};
-    return (path.parent_path() / ("." + path.filename().string() + "." + std::to_string(::getpid()) + "-" +
-                                  std::to_string(++exports) + ".part"))
-        .string();
-}
-
 }  // namespace
+
+std::string exportFailureText(const std::string& path, int error) {
+    return "无法写入文件：" + path + "：" + fileErrorText(error);
+}
 
 ExportResult runExport(const ExportRequest& request, const ExportProgress& progress,
                        const std::atomic<bool>* cancel) {
     ExportResult result;
-    std::string part;
     try {
         const std::optional<ExportFormat> format = exportFormatOf(request.output);
         if (!format) throw ExportFailure("无法识别的输出格式（应为 .mid、.wav、.flac 或 .mp3）：" + request.output);
         const CapturedPlay play = capture(request, progress, cancel);
-        part = partPath(request.output);
+        // Each writer puts a complete file in the output's place, or leaves what was there.
         if (*format == ExportFormat::Midi) {
-            writeMidiFile(play, part, titleOf(request));
+            writeMidiFile(play, request.output, titleOf(request));
         } else {
             AudioRenderOptions options;
             options.cancel = cancel;
@@ -75,11 +68,8 @@ ExportResult runExport(const ExportRequest& request, const ExportProgress& progr
                 options.progress = [&progress](uint32_t done, uint32_t total) {
                     progress(ExportStage::Synthesizing, done, total);
                 };
-            renderAudioFile(play, *format, part, {request.dataFolder, request.soundFont}, options);
+            renderAudioFile(play, *format, request.output, {request.dataFolder, request.soundFont}, options);
         }
-        std::error_code error;
-        fs::rename(part, request.output, error);
-        if (error) throw ExportFailure("无法写入文件：" + request.output);
         result.ok = true;
         result.playedMs = play.endMs;
         result.notes = play.noteCount();
@@ -87,10 +77,6 @@ ExportResult runExport(const ExportRequest& request, const ExportProgress& progr
         result.message = failure.what();
     } catch (const std::exception& failure) {
         result.message = std::string("导出失败：") + failure.what();
-    }
-    if (!result.ok && !part.empty()) {
-        std::error_code error;
-        fs::remove(part, error);
     }
     return result;
 }

@@ -5,12 +5,14 @@
 #include <smf.h>
 
 #include <array>
+#include <cerrno>
 #include <memory>
 #include <mutex>
 #include <optional>
 
 #include "export/TempoMap.h"
 #include "notation/Catalogue.h"
+#include "runtime/FileAccess.h"
 
 namespace tessaly {
 
@@ -119,7 +121,15 @@ void writeMidiFile(const CapturedPlay& play, const std::string& path, const std:
         if (smf_track_add_eot_pulses(track, std::max(end, lastPulse)) != 0)
             throw ExportFailure("无法生成 MIDI 文件");
     }
-    if (smf_save(smf.get(), path.c_str()) != 0) throw ExportFailure("无法写入文件：" + path);
+    PendingFile file(finalTarget(path));
+    if (!file.create()) throw ExportFailure(exportFailureText(path, file.error()));
+    // libsmf opens a file by its name: this name is the temporary file's own
+    // descriptor, so nothing can be put in its way.
+    errno = 0;
+    const std::string self = "/proc/self/fd/" + std::to_string(file.fd());
+    if (smf_save(smf.get(), self.c_str()) != 0) file.fail(errno != 0 ? errno : EIO);
+    // A standard MIDI file holds at least its header and one track header.
+    if (!file.commit(14 + 8)) throw ExportFailure(exportFailureText(path, file.error()));
 }
 
 }  // namespace tessaly

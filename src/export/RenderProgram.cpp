@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "export/CapturedPlay.h"
+#include "runtime/FileAccess.h"
 #include "shell/AppFolder.h"
 #include "shell/Instrument.h"
 
@@ -43,11 +44,10 @@ void RenderProgram::borrowUserFiles(const std::string& userFolder) {
     // The rhythm files exactly as the user keeps them: a score's JP counts them.
     if (!fs::is_directory(from / "演奏记录", error)) return;
     fs::create_directories(to / "演奏记录", error);
-    for (const auto& entry : fs::directory_iterator(from / "演奏记录", error)) {
-        std::string extension = entry.path().extension().string();
+    for (const fs::path& file : regularFilesIn(from / "演奏记录")) {
+        std::string extension = file.extension().string();
         for (char& c : extension) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-        if (entry.is_regular_file(error) && extension == ".bin")
-            fs::copy_file(entry.path(), to / "演奏记录" / entry.path().filename(), error);
+        if (extension == ".bin") fs::copy_file(file, to / "演奏记录" / file.filename(), error);
     }
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "runtime/FatalFailure.h"
+#include "runtime/FileAccess.h"
 
 namespace tessaly {
 
@@ -52,11 +53,9 @@ void FileListBox::setPattern(std::string pattern) {
 
 void FileListBox::refresh() {
     std::vector<std::string> names;
-    std::error_code error;
     if (!path_.empty())
-        for (const auto& entry : std::filesystem::directory_iterator(path_, error))
-            if (entry.is_regular_file() && matchesFilePattern(entry.path().filename().string(), pattern_))
-                names.push_back(entry.path().filename().string());
+        for (const std::filesystem::path& file : regularFilesIn(path_))
+            if (matchesFilePattern(file.filename().string(), pattern_)) names.push_back(file.filename().string());
     std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) { return lower(a) < lower(b); });
     clear();
     for (auto& name : names) addItem(std::move(name));

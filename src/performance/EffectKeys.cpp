@@ -41,6 +41,12 @@ bool EffectKeys::playEffectFile(const std::string& name) {
     return true;
 }
 
+void EffectKeys::prepareEffects() {
+    for (int slot = 0; slot < 6; ++slot)
+        if (std::optional<std::string> path = findEffectFile(state_.AppDir + "音效/", state_.EffectFile[slot]))
+            platform_.wave.prepareSound(*path);
+}
+
 void EffectKeys::PlayEffectKey() {
     const std::string& name = state_.EffectFile[effectSlot(state_.LastKeyCode)];
     playEffectFile(name);

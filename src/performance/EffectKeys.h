@@ -21,6 +21,8 @@ public:
     void stopEffect();
     // Plays a file of "音效" if it exists; false when there is no such file.
     bool playEffectFile(const std::string& name);
+    // Has the six effect files the settings name read ahead of their keys.
+    void prepareEffects();
 
 private:
     Platform& platform_;

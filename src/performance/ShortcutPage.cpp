@@ -90,6 +90,7 @@ void ShortcutPage::File2_Click() {
     form_.XSWB.setCaption(name + "_音效");
     for (int i = 22; i <= 27; ++i)
         if (form_.Option3[i].value()) state_.EffectFile[i - 22] = name;
+    effects_.prepareEffects();
 }
 
 void ShortcutPage::enterShortcutTab() {

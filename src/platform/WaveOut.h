@@ -14,6 +14,9 @@ public:
     // "0" stops what plays. Flags: 1 background, 3 background and no default
     // sound. True when the sound started.
     virtual bool playSound(const std::string& path, int flags) = 0;
+    // Starts reading the file away from the calling thread and keeps it, so
+    // that a later playSound of it only starts the voice.
+    virtual void prepareSound(const std::string& /*path*/) {}
 };
 
 }  // namespace tessaly

@@ -22,7 +22,7 @@ void Accompaniment::resetCounters() {
 }
 
 void Accompaniment::sendAccentSweep() {
-    auto value = toInt16(120 - 2 * state_.AccompanimentTick);
+    auto value = toInt16(120 - 2LL * state_.AccompanimentTick);
     midi_.SendMidiOut(179, 11, value);
     midi_.SendMidiOut(180, 11, value);
     midi_.SendMidiOut(185, 11, value);
@@ -35,7 +35,7 @@ void Accompaniment::step() {
     if (form_.Combo2.listIndex() > 0) chords_.BZHX2();
     if (form_.Combo3.listIndex() > 0 && state_.ChordIndex == state_.ChordCount) chords_.ZHHXJ();
 
-    state_.ChordStep = toInt16(state_.ChordStep + 1);
+    state_.ChordStep = toInt32(state_.ChordStep + 1LL);
     if (state_.StepsPerChord != 0 && state_.ChordStep % state_.StepsPerChord == 0) {
         chords_.HX1K();  // the chord of the bar ends
         state_.ChordIndex = toInt16(state_.ChordIndex + 1);
@@ -49,7 +49,7 @@ void Accompaniment::step() {
 }
 
 void Accompaniment::advanceTick() {
-    state_.AccompanimentTick = toInt16(state_.AccompanimentTick + 1);
+    state_.AccompanimentTick = toInt32(state_.AccompanimentTick + 1LL);
     if (state_.AccompanimentTick > 2 * state_.RhythmLastStep + 1) state_.AccompanimentTick = 0;
 }
 

@@ -1,5 +1,6 @@
 #include "rhythm/RhythmFiles.h"
 
+#include <cerrno>
 #include <filesystem>
 
 #include "forms/MainWindow.h"
@@ -9,6 +10,7 @@
 #include "rhythm/PatternSounds.h"
 #include "runtime/Arithmetic.h"
 #include "runtime/FatalFailure.h"
+#include "runtime/FileAccess.h"
 #include "runtime/Text.h"
 #include "runtime/TextFiles.h"
 #include "state/SharedState.h"
@@ -57,7 +59,9 @@ std::string firstLine(const std::string& text) {
 
 }  // namespace
 
-std::optional<std::string> readRhythmFile(const std::string& path) { return readTextFile(path); }
+std::optional<std::string> readRhythmFile(const std::string& path, int* error) {
+    return readTextFile(path, kLongestRhythmFile, error);
+}
 
 RhythmFiles::RhythmFiles(Platform& platform, SharedState& state, MidiOut& midi, MainWindow& form, Dialogs& dialogs)
     : platform_(platform), state_(state), midi_(midi), form_(form), dialogs_(dialogs) {}
@@ -123,7 +127,9 @@ std::string RhythmFiles::patternLine(const std::string& title) const {
 void RhythmFiles::SaveJZwj() {
     const std::string& path = state_.FilePathInUse;
     const std::string line = patternLine(fs::path(path).filename().string());
-    if (!replaceFile(path, line + "\r\n")) throw FatalFailure(FailureKind::InvalidCall, "无法写入文件：" + path);
+    int error = 0;
+    if (!replaceFile(path, line + "\r\n", &error))
+        throw FatalFailure(FailureKind::InvalidCall, "无法写入文件：" + fileFailureMessage(path, error));
 }
 
 std::string RhythmFiles::selectedFilePath() const {
@@ -137,8 +143,9 @@ void RhythmFiles::File1_Click() {
     state_.RhythmFileText.clear();
     const std::string path = selectedFilePath();
     form_.Label11.setCaption(std::to_string(form_.File1.listIndex() + 1) + "★" + form_.File1.item(form_.File1.listIndex()));
-    std::optional<std::string> text = readRhythmFile(path);
-    if (!text) throw FatalFailure(FailureKind::InvalidCall, "文件未找到：" + path);
+    int error = 0;
+    std::optional<std::string> text = readRhythmFile(path, &error);
+    if (!text) throw FatalFailure(FailureKind::InvalidCall, fileCauseMessage(error, path));
     state_.RhythmFileText = firstLine(*text);
     OpenJZwj();
     form_.File1.setVisible(false);
@@ -152,14 +159,16 @@ void RhythmFiles::Cmdcill_Click(int Index) {
 void RhythmFiles::deleteSelectedFile() {
     const std::string path = selectedFilePath();
     std::error_code error;
-    if (!fs::is_regular_file(path, error) || !fs::remove(path, error))
-        throw FatalFailure(FailureKind::InvalidCall, "文件未找到：" + path);
+    if (!fs::is_regular_file(path, error)) throw FatalFailure(FailureKind::InvalidCall, fileCauseMessage(ENOENT, path));
+    if (!fs::remove(path, error))
+        throw FatalFailure(FailureKind::InvalidCall, fileCauseMessage(error ? error.value() : ENOENT, path));
     FileListBox& files = form_.File1;
     files.refresh();
     if (files.listCount() == 0) return;
     const std::string first = (fs::path(files.path()) / files.item(0)).string();
-    std::optional<std::string> text = readRhythmFile(first);
-    if (!text) throw FatalFailure(FailureKind::InvalidCall, "文件未找到：" + first);
+    int cause = 0;
+    std::optional<std::string> text = readRhythmFile(first, &cause);
+    if (!text) throw FatalFailure(FailureKind::InvalidCall, fileCauseMessage(cause, first));
     state_.RhythmFileText = *text;
     // Only this path names the file without its number.
     form_.Label11.setCaption(files.item(0));
@@ -189,11 +198,17 @@ void RhythmFiles::loadFirstFileAtStart() {
     files.setPattern("*.bin");
     if (files.listCount() == 0) return;
     const std::string path = (fs::path(files.path()) / files.item(0)).string();
-    std::optional<std::string> text = readRhythmFile(path);
-    if (!text) throw FatalFailure(FailureKind::InvalidCall, "文件未找到：" + path);
+    int error = 0;
+    std::optional<std::string> text = readRhythmFile(path, &error);
+    if (!text) throw FatalFailure(FailureKind::InvalidCall, fileCauseMessage(error, path));
     state_.RhythmFileText = *text;
     form_.Label11.setCaption("1★" + files.item(0));
-    OpenJZwj();
+    try {
+        OpenJZwj();
+    } catch (const FatalFailure& failure) {
+        // Its fields name no control the user knows of: the message names the file.
+        throw FatalFailure(failure.kind(), "不是有效的节奏文件：" + path);
+    }
 }
 
 }  // namespace tessaly

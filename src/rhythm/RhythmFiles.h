@@ -1,4 +1,5 @@
 #pragma once
+#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -15,9 +16,13 @@ extern const char* const kRhythmFilter;
 // The message for a text too short to be a rhythm file.
 extern const char* const kRhythmFileError;
 
+// The most of a rhythm file that is read: its one line of 77 characters,
+// with room to spare for what may follow it.
+inline constexpr std::size_t kLongestRhythmFile = 1u << 20;
 // A rhythm file's whole text, decoded as the program reads every text file
-// (UTF-8, else GB18030); nullopt when the file cannot be opened.
-std::optional<std::string> readRhythmFile(const std::string& path);
+// (UTF-8, else GB18030); nullopt when the file cannot be read, with the cause
+// in `error`.
+std::optional<std::string> readRhythmFile(const std::string& path, int* error = nullptr);
 
 // Rhythm files: one line of 77 characters that holds the volume, the metre,
 // the three instruments and the grid of the rhythm page. The list File1

@@ -1,17 +1,12 @@
 #include "runtime/TextFiles.h"
 
-#include <fcntl.h>
+#include "runtime/FileAccess.h"
+
 #include <iconv.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
-#include <filesystem>
 
 namespace tessaly {
-
-namespace fs = std::filesystem;
 
 bool isValidUtf8(std::string_view s) {
     std::size_t i = 0;
@@ -67,39 +62,6 @@ std::string fromGb18030(std::string_view bytes) {
     return out;
 }
 
-bool writeAll(int fd, std::string_view bytes) {
-    const char* data = bytes.data();
-    std::size_t left = bytes.size();
-    while (left > 0) {
-        ssize_t written = ::write(fd, data, left);
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return false;
-        data += written;
-        left -= static_cast<std::size_t>(written);
-    }
-    return true;
-}
-
-// The file a save must replace: the end of a chain of symbolic links, or the
-// path itself when it is none. A link to a missing file names the file to create.
-fs::path finalTarget(const fs::path& path) {
-    fs::path target = path;
-    std::error_code error;
-    for (int hops = 0; hops < 40 && fs::is_symlink(fs::symlink_status(target, error)); ++hops) {
-        fs::path next = fs::read_symlink(target, error);
-        if (error) break;
-        target = next.is_absolute() ? next : target.parent_path() / next;
-    }
-    return target;
-}
-
-void syncFolder(const fs::path& folder) {
-    int fd = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (fd < 0) return;
-    ::fsync(fd);
-    ::close(fd);
-}
-
 }  // namespace
 
 std::string decodeText(std::string_view bytes) {
@@ -108,34 +70,12 @@ std::string decodeText(std::string_view bytes) {
     return fromGb18030(bytes);
 }
 
-std::optional<std::string> readFileBytes(const std::string& path) {
-    // O_NONBLOCK: opening a FIFO for reading would otherwise wait for a writer.
-    int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (fd < 0) return std::nullopt;
-    struct stat info {};
-    if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
-        ::close(fd);
-        return std::nullopt;
-    }
-    std::string bytes;
-    bytes.reserve(static_cast<std::size_t>(info.st_size));
-    char buffer[65536];
-    for (;;) {
-        ssize_t got = ::read(fd, buffer, sizeof buffer);
-        if (got < 0 && errno == EINTR) continue;
-        if (got < 0) {
-            ::close(fd);
-            return std::nullopt;
-        }
-        if (got == 0) break;
-        bytes.append(buffer, static_cast<std::size_t>(got));
-    }
-    ::close(fd);
-    return bytes;
+std::optional<std::string> readFileBytes(const std::string& path, std::size_t limit, int* error) {
+    return readRegularFile(path, limit, error);
 }
 
-std::optional<std::string> readTextFile(const std::string& path) {
-    std::optional<std::string> bytes = readFileBytes(path);
+std::optional<std::string> readTextFile(const std::string& path, std::size_t limit, int* error) {
+    std::optional<std::string> bytes = readFileBytes(path, limit, error);
     if (!bytes) return std::nullopt;
     return decodeText(*bytes);
 }
@@ -160,35 +100,12 @@ std::string joinLines(const std::vector<std::string>& lines) {
     return out;
 }
 
-bool replaceFile(const std::string& path, std::string_view bytes) {
-    const fs::path target = finalTarget(path);
-    struct stat old {};
-    const bool replacing = ::stat(target.c_str(), &old) == 0;
-    if (replacing && !S_ISREG(old.st_mode)) return false;
-
-    std::string temp = (target.parent_path() / ".tessaly-save-XXXXXX").string();
-    if (target.parent_path().empty()) temp = ".tessaly-save-XXXXXX";
-    int fd = ::mkstemp(temp.data());
-    if (fd < 0) return false;
-    // mkstemp makes the file private; the saved file gets the old file's
-    // permissions, or those a new file gets under the user's umask.
-    mode_t mode = old.st_mode & 07777;
-    if (!replacing) {
-        mode_t mask = ::umask(0);
-        ::umask(mask);
-        mode = 0666 & ~mask;
-    }
-    bool ok = ::fchmod(fd, mode) == 0 && writeAll(fd, bytes);
-    // The data must be on disk before the name points at it.
-    ok = ok && ::fsync(fd) == 0;
-    ok = ::close(fd) == 0 && ok;
-    ok = ok && std::rename(temp.c_str(), target.c_str()) == 0;
-    if (!ok) {
-        std::remove(temp.c_str());
-        return false;
-    }
-    syncFolder(target.parent_path());
-    return true;
+bool replaceFile(const std::string& path, std::string_view bytes, int* error) {
+    PendingFile file(finalTarget(path));
+    const bool ok = file.create() && file.write(bytes.data(), bytes.size()) &&
+                    file.commit(static_cast<long long>(bytes.size()));
+    if (!ok && error) *error = file.error();
+    return ok;
 }
 
 }  // namespace tessaly

@@ -1,4 +1,5 @@
 #pragma once
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,12 +18,19 @@ bool isValidUtf8(std::string_view bytes);
 // decoded from GB18030, where a byte that is no character either becomes U+FFFD.
 std::string decodeText(std::string_view bytes);
 
-// The bytes of a regular file. A directory, a FIFO, a device or a file that
-// cannot be opened gives nothing, and nothing blocks on the way.
-std::optional<std::string> readFileBytes(const std::string& path);
+// The most any text file of the program holds; each format passes its own
+// smaller limit where it has one.
+inline constexpr std::size_t kLongestTextFile = 16u << 20;
 
-// The whole file as UTF-8 text; empty when it cannot be read.
-std::optional<std::string> readTextFile(const std::string& path);
+// The bytes of a regular file. A directory, a FIFO, a device, a file longer
+// than `limit` or one that cannot be opened gives nothing, with the cause in
+// `error` (see FileAccess.h), and nothing blocks on the way.
+std::optional<std::string> readFileBytes(const std::string& path, std::size_t limit = kLongestTextFile,
+                                         int* error = nullptr);
+
+// The whole file as UTF-8 text; nothing when it cannot be read.
+std::optional<std::string> readTextFile(const std::string& path, std::size_t limit = kLongestTextFile,
+                                        int* error = nullptr);
 
 // Lines ended by CR LF (a bare LF is accepted too); a last line without an
 // end counts, an empty rest after the last end does not.
@@ -32,8 +40,9 @@ std::vector<std::string> splitLines(std::string_view text);
 // the old file as it was: a temporary file in the same folder is written,
 // synced and renamed over the target, and the folder is synced. A symbolic
 // link is written through to its target and stays a link; the old file's
-// permissions are kept (a new file gets the usual ones). False on failure.
-bool replaceFile(const std::string& path, std::string_view bytes);
+// permissions are kept (a new file gets the usual ones). False on failure,
+// with the cause in `error`.
+bool replaceFile(const std::string& path, std::string_view bytes, int* error = nullptr);
 
 // The lines, each followed by CR LF.
 std::string joinLines(const std::vector<std::string>& lines);

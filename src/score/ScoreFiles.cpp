@@ -5,8 +5,8 @@
 
 namespace tessaly {
 
-std::optional<std::string> readScoreFile(const std::string& path) {
-    std::optional<std::string> text = readTextFile(path);
+std::optional<std::string> readScoreFile(const std::string& path, int* error) {
+    std::optional<std::string> text = readTextFile(path, kLongestScoreFile, error);
     if (!text) return std::nullopt;
     std::string joined;
     joined.reserve(text->size());

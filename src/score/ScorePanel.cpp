@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <filesystem>
 
 #include "chords/ChordLayers.h"
@@ -11,6 +12,8 @@
 #include "rhythm/Accompaniment.h"
 #include "runtime/Arithmetic.h"
 #include "runtime/FatalFailure.h"
+#include "runtime/FileAccess.h"
+#include "runtime/Text.h"
 #include "score/ScoreFiles.h"
 #include "score/ScorePlayer.h"
 #include "state/SharedState.h"
@@ -96,7 +99,8 @@ void ScorePanel::audition() {
 void ScorePanel::deleteFile() {
     std::error_code error;
     if (state_.FilePathInUse.empty() || !std::filesystem::remove(state_.FilePathInUse, error))
-        throw FatalFailure(FailureKind::InvalidCall, "文件未找到：" + state_.FilePathInUse);
+        throw FatalFailure(FailureKind::InvalidCall,
+                           fileCauseMessage(error ? error.value() : ENOENT, state_.FilePathInUse));
     state_.ScoreText.clear();
     form_.Text3.setText("");
     form_.FJWZ.setCaption("成功删除文件。。。");
@@ -111,8 +115,14 @@ void ScorePanel::open() {
     state_.FilePathInUse = *path;
     if (path->empty()) return;
     // A file that vanished after the dialog counts as not there.
-    std::optional<std::string> text = readScoreFile(*path);
+    int error = 0;
+    std::error_code fsError;
+    std::optional<std::string> text = readScoreFile(*path, &error);
+    // A score longer than its 16-bit length fails as the player's first read
+    // would, before the box is handed a text it cannot hold.
+    if (!text && error == kFileTooLong) toInt16(static_cast<long long>(std::filesystem::file_size(*path, fsError)));
     if (!text) return;
+    toInt16(static_cast<long long>(charLength(*text)));
     state_.ScoreText = *text;
     form_.File1.setVisible(false);
     form_.Text3.setText(state_.ScoreText);

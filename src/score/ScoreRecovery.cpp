@@ -1,22 +1,22 @@
 #include "score/ScoreRecovery.h"
 
-#include <filesystem>
-
 #include "forms/MainWindow.h"
-#include "score/ScoreFiles.h"
-#include "state/SharedState.h"
+#include "forms/ScoreEntryWindow.h"
 
 namespace tessaly {
 
-std::optional<FatalEndSaves::Saved> saveScoreForRecovery(const SharedState& state, const MainWindow& form) {
+std::optional<FatalEndSaves::Saved> saveScoreForRecovery(const MainWindow& form, const std::vector<std::string>& folders) {
     const std::string& text = form.Text3.text();
     if (text.empty()) return std::nullopt;
-    const std::string folder = state.AppDir + "演奏记录/";
-    std::error_code error;
-    std::filesystem::create_directories(folder, error);
-    const std::string path = freeRecoveryPath(folder, "恢复的乐谱", ".txt");
-    if (!writeScoreFile(path, text)) return std::nullopt;
-    return FatalEndSaves::Saved{"乐谱框中的乐谱", path};
+    // As a score file is saved: the text and one line end.
+    return keepRecovered(folders, "乐谱框中的乐谱", "恢复的乐谱", ".txt", text + "\r\n");
+}
+
+std::optional<FatalEndSaves::Saved> saveEntryForRecovery(const ScoreEntryWindow& form,
+                                                         const std::vector<std::string>& folders) {
+    const std::string& text = form.Text1.text();
+    if (text.empty()) return std::nullopt;
+    return keepRecovered(folders, "乐谱录入窗口中的文字", "恢复的乐谱录入", ".txt", text);
 }
 
 }  // namespace tessaly

@@ -5,6 +5,9 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "runtime/FileAccess.h"
+#include "runtime/TextFiles.h"
+
 namespace tessaly {
 
 namespace fs = std::filesystem;
@@ -30,6 +33,39 @@ std::string appFolderFromEnvironment() {
     return appFolderFor(std::getenv("TESSALY_APPDIR"), std::getenv("XDG_DATA_HOME"), std::getenv("HOME"));
 }
 
+namespace {
+
+// The most a shipped file holds (the sound effects are the largest).
+constexpr std::size_t kLongestShippedFile = 64u << 20;
+
+// A shipped file that is missing, or shorter than shipped (a copy cut short
+// by a full disk), is copied again, whole or not at all.
+void reseedFolder(const fs::path& source, const fs::path& target) {
+    for (const fs::path& shipped : regularFilesIn(source)) {
+        const fs::path copy = target / shipped.filename();
+        std::error_code error;
+        const fs::file_status status = fs::symlink_status(copy, error);
+        if (fs::exists(status) &&
+            (!fs::is_regular_file(status) || fs::file_size(copy, error) >= fs::file_size(shipped, error)))
+            continue;
+        if (std::optional<std::string> bytes = readFileBytes(shipped.string(), kLongestShippedFile))
+            replaceFile(copy.string(), *bytes);
+    }
+}
+
+bool isLeftoverSave(const std::string& name) {
+    return name.size() == std::string_view(".tessaly-save-XXXXXX").size() && name.starts_with(".tessaly-save-");
+}
+
+}  // namespace
+
+void removeLeftoverSaves(const std::string& appDir) {
+    for (const fs::path folder : {fs::path(appDir), fs::path(appDir) / "演奏记录", fs::path(appDir) / "音效"}) {
+        for (const fs::path& file : regularFilesIn(folder))
+            if (isLeftoverSave(file.filename().string())) ::unlink(file.c_str());
+    }
+}
+
 std::optional<std::string> seedAppFolder(const std::string& appDir, const std::string& shippedData) {
     auto unusable = [&appDir](const std::string& reason) {
         return "无法使用数据文件夹“" + appDir + "”：" + reason +
@@ -45,12 +81,9 @@ std::optional<std::string> seedAppFolder(const std::string& appDir, const std::s
     if (access(appDir.c_str(), W_OK | X_OK) != 0) return unusable("没有写入的权限");
     for (const char* sub : {"演奏记录", "音效"}) {
         fs::path target = fs::path(appDir) / sub;
-        if (fs::exists(target, error)) continue;
-        if (!fs::create_directories(target, error)) return unusable("无法创建子文件夹“" + std::string(sub) + "”");
-        fs::path source = fs::path(shippedData) / sub;
-        if (shippedData.empty() || !fs::is_directory(source, error)) continue;
-        for (const auto& entry : fs::directory_iterator(source, error))
-            if (entry.is_regular_file()) fs::copy_file(entry.path(), target / entry.path().filename(), error);
+        if (!fs::is_directory(target, error) && !fs::create_directories(target, error))
+            return unusable("无法创建子文件夹“" + std::string(sub) + "”");
+        if (!shippedData.empty()) reseedFolder(fs::path(shippedData) / sub, target);
     }
     return std::nullopt;
 }

@@ -11,11 +11,15 @@ std::string appFolderFor(const char* portable, const char* xdgDataHome, const ch
 // The same from this process's environment.
 std::string appFolderFromEnvironment();
 
-// Creates the folder and, on its first start, its sub-folders "演奏记录" and
-// "音效" filled from the same sub-folders of the shipped data. A sub-folder
-// that is already there is left as the user keeps it. When the folder cannot
+// Creates the folder and its sub-folders "演奏记录" and "音效", and copies in
+// each file of the same sub-folders of the shipped data that is missing there
+// or shorter than shipped; the user's other files are left as they are. When the folder cannot
 // be used (not creatable, not a folder, not writable), the answer is the
 // message that tells the user so.
 std::optional<std::string> seedAppFolder(const std::string& appDir, const std::string& shippedData);
+
+// Removes the temporary files of saves cut off by a kill from the data folder
+// and its sub-folders. Only while this instance holds the folder's lock.
+void removeLeftoverSaves(const std::string& appDir);
 
 }  // namespace tessaly

@@ -2,7 +2,8 @@
 
 #include <unistd.h>
 
-#include <atomic>
+#include <stdexcept>
+#include <string>
 
 namespace tessaly {
 
@@ -11,14 +12,15 @@ namespace fs = std::filesystem;
 namespace {
 
 fs::path freshFolder(const HeadlessProgram::Options& options) {
-    static std::atomic<unsigned> count{0};
     std::error_code error;
     fs::path base = options.inMemory && fs::is_directory("/dev/shm", error) ? fs::path("/dev/shm")
                                                                           : fs::temp_directory_path();
-    fs::path dir = base / (options.name + "-" + std::to_string(::getpid()) + "-" + std::to_string(count++));
-    fs::remove_all(dir, error);
-    fs::create_directories(dir / "音效", error);
-    return dir;
+    // A name nobody can guess, made by us alone: the export runs its program
+    // here, in a folder every user can write to.
+    std::string name = (base / (options.name + "-XXXXXX")).string();
+    if (!::mkdtemp(name.data())) throw std::runtime_error("cannot create a temporary folder in " + base.string());
+    fs::create_directories(fs::path(name) / "音效", error);
+    return name;
 }
 
 }  // namespace

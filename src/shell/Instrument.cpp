@@ -1,5 +1,7 @@
 #include "shell/Instrument.h"
 
+#include <cstdlib>
+
 #include "notation/Catalogue.h"
 #include "notation/KeyTables.h"
 #include "notation/NoteVocabulary.h"
@@ -47,6 +49,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       appDir_(std::move(appDir)),
       shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
+    recoveryFolders_ = recoveryFolders(appDir_, std::getenv("XDG_STATE_HOME"), std::getenv("HOME"));
     keyboard.wire();
     mouse.wire();
     shortcuts.wire();
@@ -76,8 +79,9 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     form1.ComDevies.onClick = [this] { ComDevies_Click(); };
     form1.onLoad = [this] { Form_Load(); };
     form1.onActivate = [this] { Form_Activate(); };
-    fatalEndSaves.add([this] { return saveScoreForRecovery(state, form1); });
-    fatalEndSaves.add([this] { return editor.saveForRecovery(); });
+    fatalEndSaves.add([this] { return saveScoreForRecovery(form1, recoveryFolders_); });
+    fatalEndSaves.add([this] { return saveEntryForRecovery(YYLR, recoveryFolders_); });
+    fatalEndSaves.add([this] { return editor.saveForRecovery(recoveryFolders_); });
     registerVariables();
 }
 
@@ -122,6 +126,7 @@ void Instrument::Form_Activate() {
         end();
         return;
     }
+    effects.prepareEffects();
     form1.Text3.setText(state.ScoreText);
     if (!activated_) QDCSH();
     form1.SFYXYZ.setEnabled(true);

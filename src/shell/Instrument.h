@@ -2,6 +2,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "chords/ChordLayers.h"
 #include "chords/ChordPageHandlers.h"
@@ -119,6 +120,8 @@ private:
 
     std::string appDir_;
     std::string shippedData_;
+    // Where work is kept when the program ends unasked, in the order tried.
+    std::vector<std::string> recoveryFolders_;
     bool activated_ = false;
     bool ended_ = false;
     int exitStatus_ = 0;

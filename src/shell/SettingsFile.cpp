@@ -9,6 +9,7 @@
 #include "platform/Platform.h"
 #include "runtime/Arithmetic.h"
 #include "runtime/FatalFailure.h"
+#include "runtime/FileAccess.h"
 #include "runtime/Text.h"
 #include "runtime/TextFiles.h"
 #include "state/SharedState.h"
@@ -93,7 +94,9 @@ void SettingsFile::writeDefaultsIfMissing() {
 }
 
 void SettingsFile::write(const std::string& text) {
-    if (!replaceFile(path(), text)) throw FatalFailure(FailureKind::InvalidCall, "cannot write " + path());
+    int error = 0;
+    if (!replaceFile(path(), text, &error))
+        throw FatalFailure(FailureKind::InvalidCall, "无法写入文件：" + fileFailureMessage(path(), error));
 }
 
 bool SettingsFile::readAtActivation() {

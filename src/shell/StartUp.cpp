@@ -27,6 +27,7 @@ void StartUp::DZQQD_Form_Load() {
         return;
     }
     app_.state.AppDir = app_.appDir();
+    removeLeftoverSaves(app_.appDir());
     if (auto problem = seedAppFolder(app_.appDir(), app_.shippedData())) {
         app_.platform.boxes.plainBox(*problem);
         app_.end(1);

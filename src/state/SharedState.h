@@ -39,10 +39,10 @@ struct SharedState {
 
     // Time and accompaniment
     int16_t TickMs = 107;
-    int16_t AccompanimentTick = 0;
+    int32_t AccompanimentTick = 0;
     int16_t RhythmStep = 0;
     int16_t RhythmLastStep = 15;
-    int16_t ChordStep = 0;
+    int32_t ChordStep = 0;
     int16_t ChordIndex = 1;
     int16_t ChordCount = 4;
     int16_t StepsPerChord = 8;

@@ -157,18 +157,22 @@ TEST(RecorderTake, ASaveThatCannotBeWrittenLeavesTheTakeAndTheOldFile) {
     EXPECT_EQ(mci.execute("save NN " + old).error, kMciNotOpen);
 }
 
-TEST(RecorderTake, CloseDiscardsTheTakeFile) {
+// The take lives in a file with no name in the folder, so that a program
+// killed in the middle of a take leaves nothing behind there.
+TEST(RecorderTake, TheTakeFileHasNoNameInItsFolder) {
     TempFolder folder;
     SynthRig rig;
     MciDevice mci(rig.engine.mixer(), {folder.path().string()});
     startRecording(mci, 16, 44100);
     renderServiced(rig, &mci, 200);
-    auto takes = [&] { return std::distance(std::filesystem::directory_iterator(folder.path()), {}); };
-    EXPECT_EQ(takes(), 1) << "the take lives in a file while it grows";
+    auto names = [&] { return std::distance(std::filesystem::directory_iterator(folder.path()), {}); };
+    EXPECT_EQ(names(), 0) << "a take growing";
     mci.execute("stop NN");
-    EXPECT_EQ(takes(), 1) << "a stopped take is held";
+    EXPECT_EQ(names(), 0) << "a stopped take";
+    EXPECT_EQ(mci.execute("save NN " + folder.file("take.wav")).error, kMciOk) << "the take is still there to save";
+    EXPECT_NEAR(static_cast<double>(readSound(folder.file("take.wav")).frames()), 8820.0, 441.0) << "200 ms";
     mci.execute("close NN");
-    EXPECT_EQ(takes(), 0);
+    EXPECT_EQ(names(), 1);
 }
 
 // In real time: the renderer runs on its own thread (the silent sink, as

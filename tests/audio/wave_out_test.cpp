@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <sndfile.h>
+#include <sys/stat.h>
 
 #include <cmath>
 #include <filesystem>
+#include <fstream>
 #include <tuple>
 
 #include "AudioTestSupport.h"
@@ -16,6 +19,34 @@
 using namespace tessaly;
 using namespace tessaly::audio;
 using namespace tessaly::audio::testing;
+
+// A file prepared ahead is not read again at the press while it is unchanged:
+// here its bytes are spoilt in place with its size and time kept, and the
+// press still plays the sound read before. A file changed otherwise is read afresh.
+TEST(EngineWaveOut, APreparedSoundIsNotReadAgainAtThePress) {
+    TempFolder folder;
+    const std::string path = folder.file("bell.wav");
+    writeSineWav(path, 1000.0, 48000, 2, 0.5, 0.5);
+    AudioEngine engine{{AudioOutput::Offline}};
+    EngineWaveOut wave(engine);
+    wave.prepareSound(path);
+    ASSERT_TRUE(wave.playSound(path, 1));
+
+    struct stat before {};
+    ASSERT_EQ(::stat(path.c_str(), &before), 0);
+    {
+        std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
+        file.write(std::string(64, 'x').data(), 64);  // the header gone
+    }
+    const struct timespec times[2] = {before.st_atim, before.st_mtim};
+    ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
+    ASSERT_TRUE(wave.playSound(path, 1));
+    EXPECT_NEAR(estimatePitchHz(channelOf(SynthRig::renderEngine(engine, 200), 0), kSampleRate), 1000.0, 10.0);
+
+    writeSineWav(path, 440.0, 48000, 2, 0.25, 0.5);
+    ASSERT_TRUE(wave.playSound(path, 1));
+    EXPECT_NEAR(estimatePitchHz(channelOf(SynthRig::renderEngine(engine, 200), 0), kSampleRate), 440.0, 4.4);
+}
 
 TEST(EngineWaveOut, PlaysConvertsCutsAndStops) {
     TempFolder folder;
@@ -99,6 +130,7 @@ TEST(SoundFileWriter, OfflineRenderWritesExactMillisecondsAs16BitStereo) {
         renderer.renderMs(10);
         renderer.renderUntilMs(100);  // already past: nothing
         EXPECT_EQ(writer.framesWritten(), 260 * kFramesPerMs);
+        ASSERT_TRUE(writer.close());
     }
     SF_INFO info{};
     SNDFILE* file = sf_open(path.c_str(), SFM_READ, &info);
@@ -122,6 +154,15 @@ TEST(SoundFileWriter, ClipsInsteadOfWrappingPastFullScale) {
         ASSERT_TRUE(writer.open(path));
         const float frames[4] = {1.5f, -1.5f, 0.25f, -0.25f};
         EXPECT_TRUE(writer.write(frames, 2));
+        ASSERT_TRUE(writer.close());
+        EXPECT_TRUE(std::filesystem::exists(path));
+    }
+    {
+        // A file not closed is abandoned: what was there stays.
+        SoundFileWriter writer;
+        ASSERT_TRUE(writer.open(path));
+        const float silence[2] = {};
+        EXPECT_TRUE(writer.write(silence, 1));
     }
     SF_INFO info{};
     SNDFILE* file = sf_open(path.c_str(), SFM_READ, &info);

@@ -49,4 +49,4 @@ out=$(run start 'get Form1.Text4.Text')
 status=$?
 set -e
 expect "status with 1001 lines" "$status" 3
-expect "the bounds failure" "$out" "fatal 下标越界（1001）"
+expect "the bounds failure naming the file" "$out" "fatal 下标越界（超过 1000 行：$app/HxJzMx.txt）"

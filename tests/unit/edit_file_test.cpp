@@ -150,7 +150,7 @@ TEST(EditFiles, AFileLongerThanTheTablesReadsWhatFitsAndTheNextClearingIsFatal) 
     EXPECT_EQ(h.song.SlotTokens(624 * 16, 0), "KC");
     EXPECT_EQ(h.yybj.bar().HScroll1.max(), 200);  // the rebuild never reached the screen
     // What a fatal end keeps of it is what the tables hold.
-    auto kept = h.editor.saveForRecovery();
+    auto kept = h.editor.saveForRecovery({h.file("")});
     ASSERT_TRUE(kept);
     EXPECT_EQ(splitLines(readBytes(kept->path)).size(), 625u * 13);
     // Clearing runs to the song's last bar, outside the open's trap.
@@ -181,7 +181,7 @@ TEST(EditFiles, AScoreTakenForAnEditFileEndsQuietly) {
 
 TEST(EditorRecovery, TheSongIsKeptUnderARecoveredNameNeverOverAnEarlierOne) {
     EditorHarness h;
-    EXPECT_FALSE(h.editor.saveForRecovery());  // an empty song has nothing to keep
+    EXPECT_FALSE(h.editor.saveForRecovery({h.file("")}));  // an empty song has nothing to keep
     h.writeNotes(0, "KCKD");
     h.hit(3, 1);
     auto saved = h.app->fatalEndSaves.runAll();
@@ -193,7 +193,7 @@ TEST(EditorRecovery, TheSongIsKeptUnderARecoveredNameNeverOverAnEarlierOne) {
     EXPECT_EQ(lines[1], "KCKD" + std::string(28, '-'));
     EXPECT_EQ(lines[10], "-O--------------");
     EXPECT_EQ(h.song.BarHead[0], "");  // the song itself is not touched
-    auto again = h.editor.saveForRecovery();
+    auto again = h.editor.saveForRecovery({h.file("")});
     ASSERT_TRUE(again);
     EXPECT_EQ(again->path, h.file("恢复的编辑记录(2).lnk"));
 
@@ -201,7 +201,7 @@ TEST(EditorRecovery, TheSongIsKeptUnderARecoveredNameNeverOverAnEarlierOne) {
     h.yybj.settings().JPFL[2].userClick();
     h.dialogs.queueInputAnswer("400");
     h.yybj.commands().ZDXJZS.userClick();
-    auto stretched = h.editor.saveForRecovery();
+    auto stretched = h.editor.saveForRecovery({h.file("")});
     ASSERT_TRUE(stretched);
     EXPECT_EQ(splitLines(readBytes(stretched->path)).size(), 312u * 13);
 }

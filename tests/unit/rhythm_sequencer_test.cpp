@@ -129,5 +129,18 @@ TEST(RhythmSequencer, KeypadPlusAndMinusGoThroughBzQdOrTimer1) {
     EXPECT_FALSE(h.form().Timer1.timerEnabled());
 }
 
+// With an empty chord order nothing brings the chord step back to 0: the
+// counter is wide enough for hours of rhythm.
+TEST(RhythmSequencer, TheChordStepRunsPastSixteenBitsWithAnEmptyChordOrder) {
+    SequencerHarness h;
+    h.app->state.TotalChordSteps = 0;
+    h.app->state.ChordStep = 32767;
+    h.app->accompaniment.step();
+    EXPECT_EQ(h.app->state.ChordStep, 32768);
+    h.app->state.AccompanimentTick = 32767;
+    h.app->accompaniment.advanceTick();
+    EXPECT_EQ(h.app->state.AccompanimentTick, 0);
+}
+
 }  // namespace
 }  // namespace tessaly

@@ -8,6 +8,7 @@
 #include "EditorHarness.h"
 #include "analysis/ChordAddition.h"
 #include "analysis/ScoreImport.h"
+#include "runtime/FatalFailure.h"
 
 using namespace tessaly;
 using tessaly::testing::EditorHarness;
@@ -73,4 +74,34 @@ TEST(ScoreImport, AFileThatCannotBeReadEndsBeforeTheArrangement) {
     EXPECT_EQ(h.song.SlotTokens(30, 4), chordStepToken(h.app->chordState.ChordStepTable(15, 1)));
     EXPECT_EQ(h.song.SlotTokens(31, 4), "");
     EXPECT_EQ(h.dialogs.lastRequest()->filter, "编辑记录txt|*.txt");
+}
+
+// A score that fills exactly 10000 slots finishes its scan: BarCount is taken
+// from the slot reached first, and only then does the pass over the slots run
+// past the tables and end the import in its trap, before the scroll bar and
+// the bars are made. A save then meets the slot beyond the tables outside its
+// own trap, and the program ends keeping the song.
+TEST(ScoreImport, ASongOfExactlyTenThousandSlotsTakesItsBarCountBeforeTheScanFails) {
+    EditorHarness h;
+    std::string score;
+    for (int i = 0; i < 204; ++i) score += "KC98";  // 49 slots each: 9996
+    score += "KD08";                              // 4 more: slot 10000 reached
+    writeBytes(h.file("full.txt"), score);
+    const int maxBefore = h.yybj.bar().HScroll1.max();
+    import(h, "full.txt");
+    EXPECT_EQ(h.app->editor.scoreImport.state().ImportSlot, 10000);
+    EXPECT_EQ(h.song.BarCount, 625);
+    EXPECT_EQ(h.yybj.bar().HScroll1.max(), maxBefore);
+    EXPECT_EQ(h.song.SlotTokens(9996, 0), "KD");
+
+    h.dialogs.queueFileAnswer(h.file("saved.lnk"));
+    try {
+        h.yybj.commands().BCBJ.userClick();
+        ADD_FAILURE() << "the save met no slot beyond the tables";
+    } catch (const FatalFailure& failure) {
+        EXPECT_STREQ(failure.what(), "下标越界（10000）");
+    }
+    const auto kept = h.editor.saveForRecovery({h.appDir.string() + "/演奏记录/"});
+    ASSERT_TRUE(kept);
+    EXPECT_NE(std::ifstream(kept->path).peek(), EOF);
 }

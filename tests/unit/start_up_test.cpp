@@ -68,19 +68,26 @@ TEST(AppFolder, PortableFolderFirstThenTheXdgDataHome) {
     EXPECT_EQ(appFolderFor("", "relative", "/home/u"), "/home/u/.local/share/tessaly/");
 }
 
-TEST(AppFolder, SeedsOnlyFoldersThatAreNotThereYet) {
+// A shipped file missing or shorter than shipped (a copy a full disk cut
+// short) comes back at the next start; one the user made longer stays.
+TEST(AppFolder, SeedsWhatIsMissingOrCutShortAndKeepsTheUsersOwn) {
     auto root = std::filesystem::temp_directory_path() / "tessaly-seed-test";
     std::filesystem::remove_all(root);
     std::filesystem::create_directories(root / "shipped" / "音效");
     std::ofstream(root / "shipped" / "音效" / "钟声.wav ") << "bell";
+    std::ofstream(root / "shipped" / "音效" / "雷声.wav") << "thunder";
     std::string app = (root / "app").string() + "/";
     seedAppFolder(app, (root / "shipped").string());
     EXPECT_TRUE(std::filesystem::exists(root / "app" / "音效" / "钟声.wav "));
     EXPECT_TRUE(std::filesystem::is_directory(root / "app" / "演奏记录"));
-    // A user who removed an effect keeps it removed.
     std::filesystem::remove(root / "app" / "音效" / "钟声.wav ");
+    std::ofstream(root / "app" / "音效" / "雷声.wav", std::ios::trunc).close();
     seedAppFolder(app, (root / "shipped").string());
-    EXPECT_FALSE(std::filesystem::exists(root / "app" / "音效" / "钟声.wav "));
+    EXPECT_EQ(std::filesystem::file_size(root / "app" / "音效" / "钟声.wav "), 4u);
+    EXPECT_EQ(std::filesystem::file_size(root / "app" / "音效" / "雷声.wav"), 7u);
+    std::ofstream(root / "app" / "音效" / "雷声.wav", std::ios::trunc) << "the user's own thunder";
+    seedAppFolder(app, (root / "shipped").string());
+    EXPECT_EQ(std::filesystem::file_size(root / "app" / "音效" / "雷声.wav"), 22u);
     std::filesystem::remove_all(root);
 }
 

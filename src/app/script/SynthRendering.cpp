@@ -1,7 +1,10 @@
 #include "app/script/SynthRendering.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <stdexcept>
+
+#include "runtime/FileAccess.h"
 
 namespace tessaly {
 
@@ -16,13 +19,16 @@ SynthRendering::SynthRendering(const EventLoop& clock, const std::string& appDir
       midi_(*this, synth_),
       wave_(*this, effects_),
       mci_(*this, recorder_) {
-    if (!wavPath.empty() && !writer_.open(wavPath)) throw std::runtime_error("cannot write " + wavPath);
+    wavPath_ = wavPath;
+    if (!wavPath.empty() && !writer_.open(wavPath))
+        throw std::runtime_error(fileFailureMessage(wavPath, writer_.error()));
     renderer_ = std::make_unique<audio::OfflineRenderer>(engine_, wavPath.empty() ? nullptr : &writer_);
 }
 
 SynthRendering::~SynthRendering() {
     catchUp();
-    writer_.close();
+    if (writer_.isOpen() && !writer_.close())
+        std::fprintf(stderr, "%s\n", fileFailureMessage(wavPath_, writer_.error()).c_str());
 }
 
 void SynthRendering::catchUp() {

@@ -76,6 +76,7 @@ private:
     audio::EngineWaveOut effects_;
     audio::MciDevice recorder_;
     audio::SoundFileWriter writer_;
+    std::string wavPath_;
     std::unique_ptr<audio::OfflineRenderer> renderer_;
     SteppedMidi midi_;
     SteppedWave wave_;

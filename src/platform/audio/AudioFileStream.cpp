@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "platform/audio/AudioFormat.h"
+#include "runtime/FileAccess.h"
 
 namespace tessaly::audio {
 
@@ -35,7 +36,11 @@ AudioFileStream::~AudioFileStream() {
 bool AudioFileStream::open(const std::string& path, Accept accept) {
     close();
     SF_INFO info{};
-    SNDFILE* file = sf_open(path.c_str(), SFM_READ, &info);
+    // Only a regular file: a FIFO would hold the event thread until a writer came.
+    int cause = 0;
+    const int fd = openRegularFile(path, cause);
+    if (fd < 0) return false;
+    SNDFILE* file = sf_open_fd(fd, SFM_READ, &info, SF_TRUE);
     if (!file) return false;
     const bool fits = (accept == Accept::AnyAudio || isWave(info.format)) && info.channels >= 1 &&
                       info.channels <= kMaxChannels && info.samplerate >= kMinRate && info.samplerate <= kMaxRate;

@@ -1,7 +1,6 @@
 #include "platform/audio/EngineWaveOut.h"
 
 #include "platform/audio/AudioEngine.h"
-#include "platform/audio/SoundFileReader.h"
 
 namespace tessaly::audio {
 
@@ -15,7 +14,7 @@ bool EngineWaveOut::playSound(const std::string& path, int /*flags*/) {
         voice.stop();
         return true;
     }
-    std::unique_ptr<SoundBuffer> sound = readSoundFile(path);
+    std::unique_ptr<SoundBuffer> sound = sounds_.take(path);
     if (!sound) return false;
     voice.play(std::move(sound));
     return true;

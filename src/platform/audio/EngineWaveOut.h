@@ -1,5 +1,6 @@
 #pragma once
 #include "platform/WaveOut.h"
+#include "platform/audio/DecodedSounds.h"
 
 namespace tessaly::audio {
 
@@ -12,13 +13,16 @@ public:
     explicit EngineWaveOut(AudioEngine& engine) : engine_(engine) {}
 
     void setVolume(uint32_t volumeWord) override;
-    // The file is read and converted here, on the calling thread. Flags are
+    // A file prepared before and unchanged since only starts the voice; any
+    // other is read and converted here, on the calling thread. Flags are
     // accepted as given: sounds always play in the background and there is
     // no default sound to fall back on. False for a missing or unreadable file.
     bool playSound(const std::string& path, int flags) override;
+    void prepareSound(const std::string& path) override { sounds_.prepare(path); }
 
 private:
     AudioEngine& engine_;
+    DecodedSounds sounds_;
 };
 
 }  // namespace tessaly::audio

@@ -17,13 +17,16 @@ bool TakeFile::create() {
     name.push_back('\0');
     const int fd = mkstemp(name.data());
     if (fd < 0) return false;
+    // The file has no name from the start: however the program ends, the
+    // kernel frees it, and nothing is left behind in the folder.
+    unlink(name.data());
     file_ = fdopen(fd, "w+b");
     if (!file_) {
         ::close(fd);
-        unlink(name.data());
         return false;
     }
-    path_ = name.data();
+    // Readers open it again through the descriptor's own name.
+    path_ = "/proc/self/fd/" + std::to_string(fd);
     frames_ = 0;
     return true;
 }
@@ -40,7 +43,6 @@ bool TakeFile::flush() { return file_ && std::fflush(file_) == 0; }
 void TakeFile::discard() {
     if (!file_) return;
     std::fclose(file_);
-    unlink(path_.c_str());
     file_ = nullptr;
     path_.clear();
     frames_ = 0;

@@ -7,7 +7,8 @@ namespace tessaly::audio {
 
 // The recording as it is made: raw interleaved float stereo frames at the
 // engine's rate, in a temporary file, so that a long take costs disk rather
-// than memory. The file is removed when the take is discarded or destroyed.
+// than memory. The file has no name in the folder: it goes when the take is
+// discarded or destroyed, or when the process ends, however it ends.
 class TakeFile {
 public:
     // folder: where the temporary file goes.
@@ -23,6 +24,7 @@ public:
     uint64_t frames() const { return frames_; }
     // Everything appended so far is in the file, for a reader of the path.
     bool flush();
+    // A name that opens the file again while it exists (under /proc/self/fd).
     const std::string& path() const { return path_; }
     void discard();
 

@@ -57,6 +57,9 @@ public:
     explicit RecordingWaveOut(EventLog& log, WaveOut* inner = nullptr) : log_(log), inner_(inner) {}
     void setVolume(uint32_t volumeWord) override;
     bool playSound(const std::string& path, int flags) override;
+    void prepareSound(const std::string& path) override {
+        if (inner_) inner_->prepareSound(path);
+    }
     uint32_t volume() const { return volume_; }
 
 private:
