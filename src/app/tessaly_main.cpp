@@ -75,13 +75,15 @@ int main(int argc, char** argv) {
         toldToEnd = true;
         const std::string kept = tessaly::savedWorkText(instrument.fatalEndSaves.runAll());
         if (!kept.empty()) std::fprintf(stderr, "%s\n", kept.c_str());
-        instrument.close();
+        instrument.closeFromOutside();
     });
     // A program that ends on its own (a settings file it could not read) says
     // why first: its box stays up for its time.
-    instrument.onEnd = [&boxes] {
+    // The loop is left as it stands: Qt's quit() would close every window
+    // first, and a window's close runs the program's handlers after its end.
+    instrument.onEnd = [&boxes, &instrument] {
         boxes.waitForTimedBoxes();
-        tessaly::GuardedApplication::quit();
+        tessaly::GuardedApplication::exit(instrument.exitStatus());
     };
     // Without an audio device the program still plays into a silent sink; the
     // status line says so once the main window is up.

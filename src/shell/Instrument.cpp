@@ -100,6 +100,12 @@ void Instrument::start() { startUp.begin(); }
 
 void Instrument::close() { startUp.Form1_Close(); }
 
+void Instrument::closeFromOutside() {
+    if (YYLR.loaded()) YYLR.unload();
+    if (YYBJ.loaded()) YYBJ.unload();
+    close();
+}
+
 void Instrument::end(int exitStatus) {
     if (ended_) return;
     ended_ = true;

@@ -56,6 +56,10 @@ public:
     void start();
     // The user closes the main window: the farewell window ends the program later.
     void close();
+    // Told to end from outside (a logout, a kill): a window that stands in for
+    // the main window is left as by its close box, then the main window closes
+    // as by its own.
+    void closeFromOutside();
     bool ended() const { return ended_; }
     // The process's exit status once ended: 0, or 1 when the start failed.
     int exitStatus() const { return exitStatus_; }
