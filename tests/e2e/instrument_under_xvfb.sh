@@ -10,6 +10,10 @@ trap '[ -n "$pid" ] && { kill "$pid" 2>/dev/null || true; wait "$pid" 2>/dev/nul
 export TESSALY_APPDIR="$work/app"
 export TESSALY_SOUNDFONT=/usr/share/sounds/sf2/TimGM6mb.sf2
 export SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE="$work/out.raw"
+# A fixed period: a device reopened by the period's fallback (a loaded machine
+# makes the disk driver late) starts the disk driver's file afresh, and what
+# was measured from an offset in it would be lost.
+export TESSALY_AUDIO_PERIOD=128
 export XDG_RUNTIME_DIR="$work/run" && mkdir -m 700 "$work/run"
 
 start_instrument() {
