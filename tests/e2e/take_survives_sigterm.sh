@@ -5,17 +5,22 @@
 set -euo pipefail
 app="$1"
 source "$(dirname "$0")/instrument_under_xvfb.sh"
+# SIGTERM, then the program must end by itself within 30 s, with status 0.
+end_by_sigterm() {
+  kill -TERM "$pid"
+  local status=0
+  timeout 30 tail --pid="$pid" -f /dev/null || { echo "the program did not end $1"; exit 1; }
+  wait "$pid" || status=$?
+  pid=""
+  [ "$status" = 0 ] || { echo "exit status $status $1"; cat "$work/app.log"; exit 1; }
+}
+
 start_instrument
 xdotool key g
 sleep 0.3
 xdotool key h
 sleep 0.3
-kill -TERM "$pid"
-status=0
-timeout 30 tail --pid="$pid" -f /dev/null || { echo "the program did not end"; exit 1; }
-wait "$pid" || status=$?
-pid=""
-[ "$status" = 0 ] || { echo "exit status $status"; cat "$work/app.log"; exit 1; }
+end_by_sigterm "during a take"
 kept="$TESSALY_APPDIR/演奏记录/恢复的乐谱.txt"
 [ -f "$kept" ] || { echo "no recovered take"; ls "$TESSALY_APPDIR/演奏记录"; cat "$work/app.log"; exit 1; }
 take=$(tr -d '\r\n' < "$kept")
@@ -40,12 +45,7 @@ set -- $(xwininfo -id "$entry" | awk '/Absolute upper-left X/ {x=$4} /Absolute u
 xdotool mousemove $(($1 + 250)) $(($2 + 250)) click 1
 xdotool type KC8KD
 sleep 0.3
-kill -TERM "$pid"
-status=0
-timeout 30 tail --pid="$pid" -f /dev/null || { echo "the program did not end with the entry window open"; exit 1; }
-wait "$pid" || status=$?
-pid=""
-[ "$status" = 0 ] || { echo "exit status $status with the entry window open"; cat "$work/app.log"; exit 1; }
+end_by_sigterm "with the entry window open"
 typed=$(tr -d '\r\n' < "$TESSALY_APPDIR/演奏记录/恢复的乐谱录入.txt")
 echo "recovered entry text: $typed"
 [ "$typed" = KC8KD ] || { echo "the entry window's text was not kept"; exit 1; }

@@ -20,12 +20,6 @@ namespace {
 
 const std::string kOld = "the user's old file, which must survive";
 
-std::string contentOf(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream all;
-    all << in.rdbuf();
-    return all.str();
-}
 
 ExportResult exportTo(const ExportFolder& folder, const std::string& output) {
     const std::string score = folder.score("短曲.txt");

@@ -10,9 +10,19 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
+#include <sstream>
 #include <string>
 
 namespace tessaly::testing {
+
+// The bytes a file holds now: what a failed save must have left as it was.
+inline std::string contentOf(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::stringstream all;
+    all << in.rdbuf();
+    return all.str();
+}
 
 class SmallDisk {
 public:

@@ -21,13 +21,8 @@ namespace {
 namespace fs = std::filesystem;
 using testing::Harness;
 using testing::SmallDisk;
+using testing::contentOf;
 
-std::string contentOf(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream all;
-    all << in.rdbuf();
-    return all.str();
-}
 
 std::string failureOf(const std::function<void()>& action) {
     try {

@@ -18,13 +18,8 @@ namespace fs = std::filesystem;
 using testing::EditorHarness;
 using testing::Harness;
 using testing::SmallDisk;
+using testing::contentOf;
 
-std::string contentOf(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream all;
-    all << in.rdbuf();
-    return all.str();
-}
 
 TEST(Recovery, TheFoldersAreTheScoresTheDataFolderThenTheStateFolderOrHome) {
     EXPECT_EQ(recoveryFolders("/d/", "/s", "/h"),
