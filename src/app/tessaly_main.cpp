@@ -65,7 +65,12 @@ int main(int argc, char** argv) {
         if (prop != tessaly::Prop::Visible || !form.visible()) return;
         std::string status = sound.engine.takeStatusMessage();
         if (!status.empty()) instrument.form1.FJWZ.setCaption(status);
+        sound.watchPeriod();
     });
+    // The device list tells the built-in synthesizer's period in effect.
+    sound.onPeriod = [&instrument](int frames) {
+        instrument.form1.ComDevies.setToolTip(tessaly::audioPeriodTip(frames));
+    };
     // The SoundFont loads on a worker while the splash is up, so the sound is
     // ready when the main window opens the synthesizer; a second start, which
     // ends before its splash shows, loads nothing.
