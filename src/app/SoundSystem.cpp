@@ -25,7 +25,7 @@ SoundSystem::SoundSystem(const std::string& appDir, EventLoop& loop)
     : engine(audio::deviceOptionsFromEnvironment()),
       midi(engine, {appDir, soundFontOverride()}),
       wave(engine),
-      recorder(engine.mixer(), {audio::defaultTakeFolder(), &loop}),
+      recorder(engine.mixer(), {audio::defaultTakeFolder(), &loop, true}),
       loop_(loop),
       policy_(engine.periodFrames(), audio::kMaxFallbackPeriodFrames) {}
 

@@ -6,6 +6,7 @@
 
 #include "ScreenshotOnStart.h"
 #include "SoundSystem.h"
+#include "TakeSavingStatus.h"
 #include "export/ExportButtons.h"
 #include "platform/posix/FlockInstanceLock.h"
 #include "platform/qt/QtEventLoop.h"
@@ -67,6 +68,7 @@ int main(int argc, char** argv) {
         if (!status.empty()) instrument.form1.FJWZ.setCaption(status);
         sound.watchPeriod();
     });
+    tessaly::showTakeSaving(sound.recorder, instrument.form1);
     // The device list tells the built-in synthesizer's period in effect.
     sound.onPeriod = [&instrument](int frames) {
         instrument.form1.ComDevies.setToolTip(tessaly::audioPeriodTip(frames));
