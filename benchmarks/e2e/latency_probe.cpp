@@ -12,7 +12,12 @@
 // chunk that holds it and of the chunk before. That is when the block left
 // the program: a real device adds its own buffer.
 //
-// Usage: latency_probe APP UNUSED LOG PERIOD_FRAMES PRESSES
+// With SCORE, the score file is first opened into the score box as a user
+// opens it ("打开", its path typed into the file dialog), its play stopped,
+// and the keyboard button clicked, so that each key is written after it.
+//
+// Usage: latency_probe APP UNUSED LOG PERIOD_FRAMES PRESSES [SCORE]
+#include <X11/XKBlib.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
@@ -32,10 +37,13 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <mutex>
 #include <string>
 #include <thread>
 #include <vector>
+
+#include "MainWindowPlaces.h"
 
 namespace {
 
@@ -164,6 +172,62 @@ Window findViewable(Display* display, Window window, const char* name) {
     return found;
 }
 
+void click(Display* display, Window window, ControlCentre at) {
+    int x = 0, y = 0;
+    Window child = 0;
+    XTranslateCoordinates(display, window, DefaultRootWindow(display), at.x, at.y, &x, &y, &child);
+    XTestFakeMotionEvent(display, -1, x, y, CurrentTime);
+    XTestFakeButtonEvent(display, 1, True, CurrentTime);
+    XTestFakeButtonEvent(display, 1, False, CurrentTime);
+    XFlush(display);
+}
+
+void pressKey(Display* display, KeySym sym) {
+    const KeyCode code = XKeysymToKeycode(display, sym);
+    const KeyCode shift = XKeysymToKeycode(display, XK_Shift_L);
+    const bool shifted = XkbKeycodeToKeysym(display, code, 0, 0) != sym;
+    if (shifted) XTestFakeKeyEvent(display, shift, True, CurrentTime);
+    XTestFakeKeyEvent(display, code, True, CurrentTime);
+    XTestFakeKeyEvent(display, code, False, CurrentTime);
+    if (shifted) XTestFakeKeyEvent(display, shift, False, CurrentTime);
+    XFlush(display);
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+}
+
+// Characters, not bytes; line breaks left out, as the score box reads them.
+std::size_t scoreCharacters(const std::string& path) {
+    std::FILE* file = std::fopen(path.c_str(), "rb");
+    if (!file) return 0;
+    std::size_t count = 0;
+    for (int c; (c = std::fgetc(file)) != EOF;)
+        if ((c & 0xC0) != 0x80 && c != '\r' && c != '\n') ++count;
+    std::fclose(file);
+    return count;
+}
+
+// Opens the score as a user does and leaves the keys to the keyboard button.
+// False when no sound came of it (the file did not open and play).
+bool openScore(Display* display, Window window, AudioTap& tap, const std::string& score) {
+    // Typed into the dialog: a name of characters every layout has unshifted.
+    const std::string typed = "/tmp/tessaly-probe-" + std::to_string(::getpid()) + ".txt";
+    std::filesystem::copy_file(score, typed, std::filesystem::copy_options::overwrite_existing);
+    const MainWindowPlaces places = mainWindowPlaces();
+    click(display, window, places.open);
+    std::this_thread::sleep_for(std::chrono::milliseconds(1500));
+    for (char c : typed) pressKey(display, static_cast<KeySym>(static_cast<unsigned char>(c)));
+    const std::size_t before = tap.received();
+    pressKey(display, XK_Return);
+    std::this_thread::sleep_for(std::chrono::milliseconds(2000));  // it opens and plays
+    Clock::time_point heard;
+    const bool played = tap.firstLoudBlock(before, 64, heard);
+    click(display, window, places.audition);  // "停止"
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    click(display, window, places.keyboard);
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    std::filesystem::remove(typed);
+    return played;
+}
+
 double median(std::vector<double> values) {
     std::sort(values.begin(), values.end());
     const std::size_t n = values.size();
@@ -173,8 +237,8 @@ double median(std::vector<double> values) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 6) {
-        std::fprintf(stderr, "usage: latency_probe APP FIFO LOG PERIOD_FRAMES PRESSES\n");
+    if (argc != 6 && argc != 7) {
+        std::fprintf(stderr, "usage: latency_probe APP FIFO LOG PERIOD_FRAMES PRESSES [SCORE]\n");
         return 2;
     }
     const char* app = argv[1];
@@ -227,6 +291,11 @@ int main(int argc, char** argv) {
     XSetInputFocus(display, window, RevertToParent, CurrentTime);
     XSync(display, False);
     std::this_thread::sleep_for(std::chrono::seconds(1));
+    if (argc == 7) {
+        const std::string score = argv[6];
+        std::printf("score %s: %zu characters\n", std::filesystem::path(score).filename().c_str(), scoreCharacters(score));
+        if (!openScore(display, window, tap, score)) std::printf("the score did not play once opened\n");
+    }
 
     const KeyCode key = XKeysymToKeycode(display, XK_g);
     const KeyCode escape = XKeysymToKeycode(display, XK_Escape);
@@ -264,8 +333,8 @@ int main(int argc, char** argv) {
     tap.stop();
     XCloseDisplay(display);
     if (latencies.empty()) return 1;
-    std::printf("key to sound over %zu presses: median %.2f ms, min %.2f ms, max %.2f ms\n", latencies.size(),
-                median(latencies), *std::min_element(latencies.begin(), latencies.end()),
-                *std::max_element(latencies.begin(), latencies.end()));
+    std::printf("key to sound: median %.2f ms (%.2f–%.2f), %zu presses\n", median(latencies),
+                *std::min_element(latencies.begin(), latencies.end()),
+                *std::max_element(latencies.begin(), latencies.end()), latencies.size());
     return 0;
 }

@@ -48,7 +48,7 @@ void ScoreImport::DRYP_Click() {
 
 void ScoreImport::YUEPUSB() {
     EditorState& s = e_.s;
-    scanMelody(ScanText(e_.shared.ScoreText), s, state_);
+    scanMelody(ScanText(e_.shared.ScoreText.str()), s, state_);
     finishScan(s, state_);
     ScrollBar& scroll = e_.bar().HScroll1;
     scroll.setMax(s.BarCount);

@@ -7,6 +7,7 @@
 
 #include "ScreenshotOnStart.h"
 #include "SoundSystem.h"
+#include "TakeSavingStatus.h"
 #include "export/ExportButtons.h"
 #include "platform/posix/FlockInstanceLock.h"
 #include "platform/qt/QtEndSignals.h"
@@ -91,7 +92,13 @@ int main(int argc, char** argv) {
         if (prop != tessaly::Prop::Visible || !form.visible()) return;
         std::string status = sound.engine.takeStatusMessage();
         if (!status.empty()) instrument.form1.FJWZ.setCaption(status);
+        sound.watchPeriod();
     });
+    tessaly::showTakeSaving(sound.recorder, instrument.form1);
+    // The device list tells the built-in synthesizer's period in effect.
+    sound.onPeriod = [&instrument](int frames) {
+        instrument.form1.ComDevies.setToolTip(tessaly::audioPeriodTip(frames));
+    };
     // The SoundFont loads on a worker while the splash is up, so the sound is
     // ready when the main window opens the synthesizer; a second start, which
     // ends before its splash shows, loads nothing.

@@ -49,10 +49,12 @@ void ScorePlayer::moveOn() { state_.ScorePos = toInt32(static_cast<long long>(st
 void ScorePlayer::YSCX() {
     // Commands take no time: a run of them is read in this one call, in a
     // loop, so that a long run cannot use up the stack. The text is indexed
-    // once and again only when it has changed, so that reading a score
-    // does not go over the whole text for every item.
-    if (!characters_ || characters_->text() != state_.ScoreText)
+    // once and again only when it has changed (its count of changes tells,
+    // without a comparison), so that reading a score is linear.
+    if (!characters_ || indexedChanges_ != state_.ScoreText.changes()) {
         characters_ = std::make_unique<ScoreCharacters>(state_.ScoreText);
+        indexedChanges_ = state_.ScoreText.changes();
+    }
     const ScoreCharacters& text = *characters_;
     while (readOne(text)) {
     }

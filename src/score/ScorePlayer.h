@@ -61,6 +61,7 @@ private:
     // Shown in the status line on every tick; nothing advances it.
     int16_t statusCounter_ = 0;
     std::unique_ptr<ScoreCharacters> characters_;
+    uint64_t indexedChanges_ = 0;  // of ScoreText when characters_ was built
 };
 
 

@@ -77,7 +77,14 @@ void registerSharedState(ControlSystem& c, SharedState& s, MidiOut& m) {
     c.registerVariable("ChordCount", scalar(s.ChordCount));
     c.registerVariable("StepsPerChord", scalar(s.StepsPerChord));
     c.registerVariable("TotalChordSteps", scalar(s.TotalChordSteps));
-    c.registerVariable("ScoreText", scalar(s.ScoreText));
+    c.registerVariable("ScoreText", {[&s](const std::vector<long>& i, std::string_view f) {
+                                         variable_access::expect(i, 0, f);
+                                         return s.ScoreText.str();
+                                     },
+                                     [&s](const std::vector<long>& i, std::string_view f, std::string_view v) {
+                                         variable_access::expect(i, 0, f);
+                                         s.ScoreText = std::string(v);
+                                     }});
     c.registerVariable("ScoreTick", scalar(s.ScoreTick));
     c.registerVariable("ScorePos", scalar(s.ScorePos));
     c.registerVariable("ScoreLen", scalar(s.ScoreLen));

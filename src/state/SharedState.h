@@ -3,6 +3,7 @@
 #include <string>
 
 #include "notation/KeyTables.h"
+#include "state/CountedText.h"
 #include "runtime/FixedTable.h"
 
 namespace tessaly {
@@ -49,7 +50,7 @@ struct SharedState {
     int16_t TotalChordSteps = 32;
 
     // Score
-    std::string ScoreText;
+    CountedText ScoreText;
     int32_t ScoreTick = 0;
     int32_t ScorePos = 1;
     int16_t ScoreLen = 0;

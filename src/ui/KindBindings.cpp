@@ -15,6 +15,7 @@
 #include "forms/Controls.h"
 #include "runtime/Text.h"
 #include "ui/PictureView.h"
+#include "ui/PlainTextFollower.h"
 #include "ui/TextConversion.h"
 
 namespace tessaly {
@@ -142,21 +143,18 @@ void showWindowThrough(QPlainTextEdit& edit) {
     edit.viewport()->update();
 }
 
-// Multi-line text box.
+// Multi-line text box. The widget follows the model once the handler that
+// changed it has returned (see PlainTextFollower), so that a key's note is
+// not held up by the layout of a long score.
 ApplyChange bindPlainText(TextBox& box, QPlainTextEdit& edit) {
     auto echo = std::make_shared<bool>(false);
-    auto showSelection = [&box, &edit] {
-        const std::string& text = box.text();
-        QTextCursor cursor = edit.textCursor();
-        cursor.setPosition(widgetPosition(text, box.selStart()));
-        cursor.setPosition(widgetPosition(text, box.selStart() + box.selLength()), QTextCursor::KeepAnchor);
-        edit.setTextCursor(cursor);
-    };
-    auto apply = [&box, &edit, echo, showSelection](Prop prop) {
+    auto* follower = new PlainTextFollower(box, edit);
+    follower->showNow();
+    auto apply = [&box, &edit, echo, follower](Prop prop) {
         if (prop == Prop::Backdrop && box.seeThrough()) showWindowThrough(edit);
         if (*echo) return;
-        if (prop == Prop::Text) edit.setPlainText(toWidgetText(box.text()));
-        if (prop == Prop::Text || prop == Prop::Selection) showSelection();
+        if (prop == Prop::Text) follower->textChanged();
+        if (prop == Prop::Selection) follower->selectionChanged();
     };
     auto takeSelection = [&box, &edit] {
         QTextCursor cursor = edit.textCursor();
@@ -166,17 +164,16 @@ ApplyChange bindPlainText(TextBox& box, QPlainTextEdit& edit) {
         box.setSelStart(static_cast<long>(start));
         box.setSelLength(static_cast<long>(end - start));
     };
-    QObject::connect(&edit, &QPlainTextEdit::textChanged, &edit, [&box, &edit, echo, apply, takeSelection] {
+    QObject::connect(&edit, &QPlainTextEdit::textChanged, &edit, [&box, &edit, echo, follower, takeSelection] {
         {
             EchoGuard guard(*echo);
-            box.setText(toModelText(edit.toPlainText()));
+            std::string typed = toModelText(edit.toPlainText());
+            box.setText(typed);
+            follower->userEdited(typed);
             takeSelection();
         }
         // The model may refuse part of it (MaxLength): show what it kept.
-        if (toWidgetText(box.text()) != edit.toPlainText()) {
-            QSignalBlocker blocker(edit);
-            apply(Prop::Text);
-        }
+        if (toWidgetText(box.text()) != edit.toPlainText()) follower->showNow();
     });
     QObject::connect(&edit, &QPlainTextEdit::cursorPositionChanged, &edit, [echo, takeSelection] {
         EchoGuard guard(*echo);

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <filesystem>
+
 #include "AudioTestSupport.h"
 #include "SignalAnalysis.h"
 #include "platform/testing/RecordingPlatform.h"
@@ -81,4 +84,37 @@ TEST(SystemMidiPort, APreloadedSynthServesTheFirstOpening) {
     SystemMidiPort missing(engine, {"", "/nonexistent/none.sf2"});
     missing.preloadSynth();
     EXPECT_EQ(missing.open(-1, handle), kMidiSoundFontMissing);
+}
+
+// Choosing the synthesizer again takes the closed one back, reset, when its
+// SoundFont is the same unchanged file; a SoundFont changed on disk loads anew.
+TEST(SystemMidiPort, ReopeningKeepsTheSoundFontUnlessItsFileChanged) {
+    TempFolder folder;
+    const std::string copy = folder.file("gm.sf2");
+    std::filesystem::copy_file(kTestSoundFont, copy);
+    AudioEngine engine{{AudioOutput::Offline}};
+    SystemMidiPort port(engine, {"", copy});
+    uint32_t handle = 0;
+    ASSERT_EQ(port.open(-1, handle), kMidiOk);
+    EXPECT_EQ(port.shortMessage(handle, pack(0xC0, 40, 0)), kMidiOk);  // a violin, held
+    EXPECT_EQ(port.shortMessage(handle, pack(0x90, 60, 100)), kMidiOk);
+    SynthRig::renderEngine(engine, 100);
+    EXPECT_EQ(port.close(handle), kMidiOk);
+
+    ASSERT_EQ(port.open(-1, handle), kMidiOk);
+    EXPECT_EQ(port.soundFontLoads(), 1);
+    EXPECT_LT(peak(SynthRig::renderEngine(engine, 200)), kSilentPeak) << "the held note is gone";
+    // Programs are back at the piano: the same note sounds as from a fresh load.
+    EXPECT_EQ(port.shortMessage(handle, pack(0x90, 60, 100)), kMidiOk);
+    const std::vector<float> reused = SynthRig::renderEngine(engine, 300);
+    EXPECT_EQ(port.close(handle), kMidiOk);
+
+    std::filesystem::last_write_time(copy, std::filesystem::last_write_time(copy) + std::chrono::seconds(5));
+    ASSERT_EQ(port.open(-1, handle), kMidiOk);
+    EXPECT_EQ(port.soundFontLoads(), 2);
+    EXPECT_EQ(port.shortMessage(handle, pack(0x90, 60, 100)), kMidiOk);
+    const std::vector<float> loaded = SynthRig::renderEngine(engine, 300);
+    ASSERT_EQ(reused.size(), loaded.size());
+    EXPECT_GT(rms(loaded), 0.01);
+    EXPECT_NEAR(rms(reused), rms(loaded), 0.05 * rms(loaded));
 }

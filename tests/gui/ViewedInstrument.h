@@ -37,7 +37,11 @@ struct ViewedInstrument {
         return dynamic_cast<W&>(widget(control));
     }
     int keyPicture(int offset) { return widget<PictureView>(form.Picture1[offset]).pictureId(); }
-    QString score() { return widget<QPlainTextEdit>(form.Text3).toPlainText(); }
+    // The score box as shown once the event loop has been free to catch up.
+    QString score() {
+        QApplication::processEvents();
+        return widget<QPlainTextEdit>(form.Text3).toPlainText();
+    }
     // Messages since the last call, as the script driver prints them.
     std::vector<std::string> midi() {
         std::vector<std::string> out;

@@ -1,6 +1,7 @@
 #include "platform/audio/AudioEngine.h"
 
 #include <SDL.h>
+#include <sched.h>
 
 #include <algorithm>
 #include <chrono>
@@ -37,6 +38,10 @@ AudioEngine::~AudioEngine() {
 bool AudioEngine::openDevice() {
     // SDL would otherwise swallow SIGINT and SIGTERM; the program must end on them.
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    // SDL gives its playback thread the time-critical priority: make that a
+    // real-time policy where the system allows it (rtkit, limits), so that
+    // the callback does not wait behind other programs' work.
+    SDL_SetHint(SDL_HINT_THREAD_FORCE_REALTIME_TIME_CRITICAL, "1");
     if (!audioSubsystem_) {
         if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
             deviceError_ = SDL_GetError();
@@ -64,6 +69,13 @@ bool AudioEngine::openDevice() {
 
 void AudioEngine::deviceCallback(void* engine, uint8_t* stream, int bytes) {
     auto* self = static_cast<AudioEngine*>(engine);
+    if (!self->priorityAsked_) {
+        // SDL asked for it as the thread started; what it got is only read here.
+        self->priorityAsked_ = true;
+        const int policy = sched_getscheduler(0);
+        self->priority_.store(policy == SCHED_RR || policy == SCHED_FIFO ? 1 : -1, std::memory_order_relaxed);
+    }
+    self->callbacks_.fetch_add(1, std::memory_order_relaxed);
     const int frames = bytes / static_cast<int>(sizeof(float) * kChannels);
     const int64_t now = std::chrono::duration_cast<std::chrono::nanoseconds>(
                             std::chrono::steady_clock::now().time_since_epoch()).count();
@@ -74,20 +86,25 @@ void AudioEngine::deviceCallback(void* engine, uint8_t* stream, int bytes) {
     self->mixer_.render(reinterpret_cast<float*>(stream), frames, span);
 }
 
-bool AudioEngine::growPeriodIfLate() {
-    const long late = lateTotal_.load(std::memory_order_relaxed);
-    const long fresh = late - lateSeen_;
-    lateSeen_ = late;
-    if (!growWhenLate_ || device_ == 0 || fresh < kLateCallsToGrow || periodFrames_ >= kMaxFallbackPeriodFrames)
-        return false;
+AudioEngine::CallbackCounts AudioEngine::takeCallbackCounts() {
+    const CallbackCounts now{callbacks_.load(std::memory_order_relaxed), lateTotal_.load(std::memory_order_relaxed)};
+    const CallbackCounts fresh{now.callbacks - seen_.callbacks, now.late - seen_.late};
+    seen_ = now;
+    return fresh;
+}
+
+bool AudioEngine::changePeriod(int frames) {
+    if (device_ == 0) return false;
     SDL_CloseAudioDevice(device_);
     device_ = 0;
-    periodFrames_ = std::min(periodFrames_ * 2, kMaxFallbackPeriodFrames);
+    periodFrames_ = clampPeriod(frames);
     // The callback is not running now: its own state may be reset from here.
     lastCallbackNs_ = 0;
+    priorityAsked_ = false;
     blockClock_.reset();
-    if (!openDevice()) sink_ = std::make_unique<SilentSink>(mixer_, periodFrames_);
-    return true;
+    if (openDevice()) return true;
+    sink_ = std::make_unique<SilentSink>(mixer_, periodFrames_);
+    return false;
 }
 
 std::string AudioEngine::takeStatusMessage() {

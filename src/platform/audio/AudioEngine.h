@@ -42,14 +42,22 @@ public:
     Mixer& mixer() { return mixer_; }
     int periodFrames() const { return periodFrames_; }
 
-    // Control thread, from time to time: when the device callback came late
-    // (a gap of over two periods, so the device likely ran dry) at least
-    // kLateCallsToGrow times since the last call, reopens the device with
-    // twice the period, up to kMaxFallbackPeriodFrames. True when it did.
-    static constexpr int kLateCallsToGrow = 4;
-    bool growPeriodIfLate();
-    // Late device callbacks since the engine started.
-    long lateCallbacks() const { return lateTotal_.load(std::memory_order_relaxed); }
+    // Whether the period may change by itself (no period was fixed).
+    bool adaptsPeriod() const { return growWhenLate_; }
+    // Control thread: the device's callbacks since the last call, and how
+    // many of them came late (a gap of over two periods, so the device
+    // likely ran dry).
+    struct CallbackCounts {
+        long callbacks = 0;
+        long late = 0;
+    };
+    CallbackCounts takeCallbackCounts();
+    // Control thread: reopens the device with this period. False when there
+    // is no device or it could not be reopened (a silent sink then plays).
+    bool changePeriod(int frames);
+    // Whether the audio thread runs with a real-time policy: 0 before the
+    // first callback, 1 it does, -1 the system refused it.
+    int realTimePriority() const { return priority_.load(std::memory_order_relaxed); }
     bool isOffline() const { return offline_; }
     // True when a real playback device is running.
     bool hasDevice() const { return device_ != 0; }
@@ -73,8 +81,11 @@ private:
     int periodFrames_;
     bool offline_;
     bool growWhenLate_;
+    std::atomic<long> callbacks_{0};
     std::atomic<long> lateTotal_{0};
-    long lateSeen_ = 0;
+    CallbackCounts seen_;
+    std::atomic<int> priority_{0};
+    bool priorityAsked_ = false;  // the device callback's only
     int64_t lastCallbackNs_ = 0;  // the device callback's only
     bool audioSubsystem_ = false;
     uint32_t device_ = 0;

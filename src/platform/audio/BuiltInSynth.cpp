@@ -2,8 +2,11 @@
 
 #include <fluidsynth.h>
 
+#include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <mutex>
+#include <vector>
 
 #include "platform/audio/AudioFormat.h"
 #include "platform/audio/ShortMessage.h"
@@ -48,6 +51,21 @@ bool BuiltInSynth::loadSoundFont(const std::string& path) {
     soundFontId_ = fluid_synth_sfload(synth_, path.c_str(), 1);
     if (soundFontId_ == FLUID_FAILED) soundFontId_ = -1;
     return soundFontId_ >= 0;
+}
+
+void BuiltInSynth::reset() {
+    fluid_synth_system_reset(synth_);
+    // The voices are off, but reverb and chorus still ring: let them die
+    // out here, where nobody hears them.
+    constexpr int kBlock = 1024, kMaxBlocks = 10 * 48000 / kBlock;
+    constexpr float kSilent = 1e-6f;
+    std::vector<float> left(kBlock), right(kBlock);
+    for (int i = 0; i < kMaxBlocks; ++i) {
+        fluid_synth_write_float(synth_, kBlock, left.data(), 0, 1, right.data(), 0, 1);
+        float peak = 0;
+        for (int k = 0; k < kBlock; ++k) peak = std::max({peak, std::fabs(left[k]), std::fabs(right[k])});
+        if (peak < kSilent) break;
+    }
 }
 
 void BuiltInSynth::apply(uint32_t packed) {

@@ -25,6 +25,9 @@ public:
     // False when the file is missing or is not a SoundFont.
     bool loadSoundFont(const std::string& path);
     bool hasSoundFont() const { return soundFontId_ >= 0; }
+    // Back to the state of a fresh load: every voice off, programs and
+    // controllers at their defaults. Not while the engine renders it.
+    void reset();
 
     void apply(uint32_t packed) override;
     void render(float* out, int frames) override;

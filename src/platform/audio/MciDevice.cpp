@@ -7,7 +7,8 @@ namespace tessaly::audio {
 MciDevice::MciDevice(Mixer& mixer, MciDeviceOptions options)
     : recorder_(mixer.captureTap(), std::move(options.takeFolder)),
       player_(mixer.playbackVoice()),
-      loop_(options.loop) {}
+      loop_(options.loop),
+      saveOnWorker_(options.saveOnWorker && options.loop) {}
 
 MciDevice::~MciDevice() {
     if (loop_ && serviced_) loop_->stopTimer(*this);
@@ -36,7 +37,11 @@ bool MciDevice::stillPlaying() {
 }
 
 bool MciDevice::saveTake(const std::string& path, const MciWaveFormat& format) {
-    return recorder_.save(path, format);
+    if (!saveOnWorker_) return recorder_.save(path, format);
+    if (onSaving) onSaving(true);
+    const bool saved = recorder_.save(path, format, loop_);
+    if (onSaving) onSaving(false);
+    return saved;
 }
 
 void MciDevice::followState() {

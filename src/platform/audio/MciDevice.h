@@ -1,4 +1,5 @@
 #pragma once
+#include <functional>
 #include <string>
 
 #include "platform/EventLoop.h"
@@ -14,6 +15,9 @@ class Mixer;
 struct MciDeviceOptions {
     std::string takeFolder = defaultTakeFolder();
     EventLoop* loop = nullptr;  // none: the owner calls service()
+    // A save writes the file on a worker while the loop serves its events
+    // (the program); otherwise on the spot (tests, virtual time).
+    bool saveOnWorker = false;
 };
 
 // The recorder's command strings on the audio engine: a new recording takes
@@ -32,6 +36,9 @@ public:
     void service();
 
     const TakeRecorder& recorder() const { return recorder_; }
+    // Told true as a save on the worker starts and false once its file is
+    // complete, before the command that saved returns: the windows show it.
+    std::function<void(bool saving)> onSaving;
     const MciInterpreter& interpreter() const { return interpreter_; }
 
 private:
@@ -54,6 +61,7 @@ private:
     FilePlayer player_;
     MciInterpreter interpreter_{*this};
     EventLoop* loop_;
+    bool saveOnWorker_;
     bool serviced_ = false;
 };
 

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
+#include <utility>
 
 #include "platform/MidiErrors.h"
 #include "platform/audio/AudioEngine.h"
@@ -25,6 +27,16 @@ std::unique_ptr<RtMidiOut> makeAlsaOut() {
     } catch (const RtMidiError&) {
         return nullptr;
     }
+}
+
+// Size and time of change: a SoundFont replaced under the same name differs.
+std::string fileStamp(const std::string& path) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(path, error);
+    if (error) return {};
+    const auto changed = std::filesystem::last_write_time(path, error);
+    if (error) return {};
+    return std::to_string(size) + "@" + std::to_string(changed.time_since_epoch().count());
 }
 
 void markFailed(RtMidiError::Type, const std::string&, void* device) {
@@ -103,9 +115,21 @@ void SystemMidiPort::preloadSynth() {
 }
 
 int SystemMidiPort::openSynth() {
-    // The preloaded synthesizer serves the first opening; a later one (after
-    // a close) loads afresh, as the SoundFont on disk may have changed.
-    LoadedSynth loaded = preloaded_.valid() ? preloaded_.get() : loadSynth(soundFont_);
+    // The preloaded synthesizer serves the first opening. A later one (after
+    // a close) takes the closed synthesizer back when the SoundFont it would
+    // load is the same file, unchanged; otherwise it loads afresh.
+    LoadedSynth loaded;
+    if (preloaded_.valid()) {
+        loaded = preloaded_.get();
+        ++loads_;
+    } else if (KeptSynth kept = std::exchange(kept_, {}); kept.synth && !kept.path.empty() &&
+               locateSoundFont(soundFont_) == kept.path && fileStamp(kept.path) == kept.fileStamp) {
+        kept.synth->reset();
+        loaded = LoadedSynth{kept.path, std::move(kept.synth)};
+    } else {
+        loaded = loadSynth(soundFont_);
+        ++loads_;
+    }
     if (!loaded.synth) return kMidiSoundFontMissing;
     synth_ = std::move(loaded.synth);
     soundFontPath_ = loaded.path;
@@ -129,7 +153,7 @@ int SystemMidiPort::close(uint32_t handle) {
     if (!device) return kMidiInvalidHandle;
     if (device->deviceId == kSynthId) {
         engine_.mixer().detachSynth();
-        synth_.reset();
+        kept_ = KeptSynth{std::move(synth_), soundFontPath_, fileStamp(soundFontPath_)};
     } else {
         device->port->closePort();
     }

@@ -42,6 +42,9 @@ public:
 
     // The SoundFont the synthesizer loaded when it was last opened.
     const std::string& soundFontPath() const { return soundFontPath_; }
+    // How many times a SoundFont was loaded: a reopening that finds the
+    // same file unchanged takes the closed synthesizer back instead.
+    int soundFontLoads() const { return loads_; }
 
 private:
     struct OpenDevice {
@@ -65,6 +68,14 @@ private:
     static LoadedSynth loadSynth(const SoundFontChoice& choice);
 
     std::unique_ptr<BuiltInSynth> synth_;
+    // The synthesizer of the last close, kept with what its file was then.
+    struct KeptSynth {
+        std::unique_ptr<BuiltInSynth> synth;
+        std::string path;
+        std::string fileStamp;
+    };
+    KeptSynth kept_;
+    int loads_ = 0;
     std::future<LoadedSynth> preloaded_;
     bool preloadStarted_ = false;
     std::string soundFontPath_;

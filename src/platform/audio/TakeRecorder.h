@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/EventLoop.h"
 #include "platform/MciInterpreter.h"
 #include "platform/audio/FrameRing.h"
 #include "platform/audio/TakeFile.h"
@@ -28,8 +29,12 @@ public:
     bool recording() const { return recording_; }
     // Control thread, often: empties the ring into the take.
     void drain();
-    bool save(const std::string& path, const MciWaveFormat& format);
+    // Given a loop, the file is written on a worker while the loop serves
+    // its events; the take is left alone meanwhile (drain() and discard()
+    // wait for the save), so it stays whole whatever those events do.
+    bool save(const std::string& path, const MciWaveFormat& format, EventLoop* serving = nullptr);
     void discard();
+    bool saving() const { return saving_; }
 
     uint64_t frames() const { return take_.frames(); }
     // Frames the take could not keep: the ring ran full, or the disk refused.
@@ -41,6 +46,8 @@ private:
     TakeFile take_;
     std::vector<float> piece_;
     bool recording_ = false;
+    bool saving_ = false;
+    bool discardAfterSave_ = false;
     uint64_t unwritten_ = 0;
 };
 
