@@ -66,7 +66,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         for (long slot = 0; slot <= reached; ++slot)
             if (s.song->SlotNotes(slot, 0) == 0) fail();
     } else if (s.song->BarCount != 0) {
-        fail();
+        // The finish takes BarCount from the slot reached before its pass over
+        // the slots; only a scan that reached past the tables fails in that pass.
+        if (s.import.ImportSlot <= 9999 || s.song->BarCount != s.import.ImportSlot / 16) fail();
     }
     return 0;
 }
