@@ -30,41 +30,24 @@ int openRegularFile(const std::string& path, int& error) {
     return fd;
 }
 
-std::optional<std::string> readRegularFile(const std::string& path, std::size_t limit, int* error) {
-    int cause = 0;
-    auto failed = [&](int why) -> std::optional<std::string> {
-        if (error) *error = why;
-        return std::nullopt;
-    };
-    const int fd = openRegularFile(path, cause);
-    if (fd < 0) return failed(cause);
+int writeAll(int fd, const void* data, std::size_t size) {
+    const char* bytes = static_cast<const char*>(data);
+    while (size > 0) {
+        const ssize_t written = ::write(fd, bytes, size);
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) return errno;
+        if (written == 0) return ENOSPC;
+        bytes += written;
+        size -= static_cast<std::size_t>(written);
+    }
+    return 0;
+}
+
+std::optional<FileStamp> fileStamp(const std::string& path) {
     struct stat info {};
-    ::fstat(fd, &info);
-    if (static_cast<unsigned long long>(info.st_size) > limit) {
-        ::close(fd);
-        return failed(kFileTooLong);
-    }
-    std::string bytes;
-    bytes.reserve(static_cast<std::size_t>(info.st_size));
-    char buffer[65536];
-    for (;;) {
-        const ssize_t got = ::read(fd, buffer, sizeof buffer);
-        if (got < 0 && errno == EINTR) continue;
-        if (got < 0) {
-            cause = errno;
-            ::close(fd);
-            return failed(cause);
-        }
-        if (got == 0) break;
-        // The file may grow while it is read.
-        if (bytes.size() + static_cast<std::size_t>(got) > limit) {
-            ::close(fd);
-            return failed(kFileTooLong);
-        }
-        bytes.append(buffer, static_cast<std::size_t>(got));
-    }
-    ::close(fd);
-    return bytes;
+    if (::stat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode)) return std::nullopt;
+    return FileStamp{static_cast<std::uint64_t>(info.st_dev), static_cast<std::uint64_t>(info.st_ino), info.st_size,
+                     static_cast<std::int64_t>(info.st_mtim.tv_sec) * 1000000000 + info.st_mtim.tv_nsec};
 }
 
 std::string fileErrorText(int error) {
@@ -163,17 +146,7 @@ bool PendingFile::create() {
 }
 
 bool PendingFile::write(const void* data, std::size_t size) {
-    const char* bytes = static_cast<const char*>(data);
-    while (size > 0 && error_ == 0) {
-        const ssize_t written = ::write(fd_, bytes, size);
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0) fail(errno);
-        else if (written == 0) fail(ENOSPC);
-        else {
-            bytes += written;
-            size -= static_cast<std::size_t>(written);
-        }
-    }
+    if (error_ == 0) fail(writeAll(fd_, data, size));
     return error_ == 0;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -20,9 +21,18 @@ inline constexpr int kFileTooLong = 0x10001;
 // Opened without blocking, so a FIFO is refused rather than waited on.
 int openRegularFile(const std::string& path, int& error);
 
-// At most `limit` bytes of a regular file; a longer file gives nothing with
-// the cause kFileTooLong, so no reader allocates without bound.
-std::optional<std::string> readRegularFile(const std::string& path, std::size_t limit, int* error = nullptr);
+// Writes all the bytes to `fd`; 0, or the cause of the first failure (a
+// write that takes nothing counts as a full disk).
+int writeAll(int fd, const void* data, std::size_t size);
+
+// What tells a file from its earlier self: which file it is, its size and
+// the time of its last change. Nothing for a path that is no regular file.
+struct FileStamp {
+    std::uint64_t device = 0, inode = 0;
+    std::int64_t size = 0, changedNs = 0;
+    bool operator==(const FileStamp&) const = default;
+};
+std::optional<FileStamp> fileStamp(const std::string& path);
 
 // The cause in the user's words: "文件未找到", "没有权限", "磁盘已满", ...
 std::string fileErrorText(int error);

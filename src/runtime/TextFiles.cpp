@@ -3,6 +3,8 @@
 #include "runtime/FileAccess.h"
 
 #include <iconv.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 
@@ -71,7 +73,40 @@ std::string decodeText(std::string_view bytes) {
 }
 
 std::optional<std::string> readFileBytes(const std::string& path, std::size_t limit, int* error) {
-    return readRegularFile(path, limit, error);
+    int cause = 0;
+    auto failed = [&](int why) -> std::optional<std::string> {
+        if (error) *error = why;
+        return std::nullopt;
+    };
+    const int fd = openRegularFile(path, cause);
+    if (fd < 0) return failed(cause);
+    struct stat info {};
+    ::fstat(fd, &info);
+    if (static_cast<unsigned long long>(info.st_size) > limit) {
+        ::close(fd);
+        return failed(kFileTooLong);
+    }
+    std::string bytes;
+    bytes.reserve(static_cast<std::size_t>(info.st_size));
+    char buffer[65536];
+    for (;;) {
+        const ssize_t got = ::read(fd, buffer, sizeof buffer);
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) {
+            cause = errno;
+            ::close(fd);
+            return failed(cause);
+        }
+        if (got == 0) break;
+        // The file may grow while it is read.
+        if (bytes.size() + static_cast<std::size_t>(got) > limit) {
+            ::close(fd);
+            return failed(kFileTooLong);
+        }
+        bytes.append(buffer, static_cast<std::size_t>(got));
+    }
+    ::close(fd);
+    return bytes;
 }
 
 std::optional<std::string> readTextFile(const std::string& path, std::size_t limit, int* error) {

@@ -60,7 +60,7 @@ bool isLeftoverSave(const std::string& name) {
 }  // namespace
 
 void removeLeftoverSaves(const std::string& appDir) {
-    for (const fs::path folder : {fs::path(appDir), fs::path(appDir) / "演奏记录", fs::path(appDir) / "音效"}) {
+    for (const fs::path& folder : {fs::path(appDir), fs::path(appDir) / "演奏记录", fs::path(appDir) / "音效"}) {
         for (const fs::path& file : regularFilesIn(folder))
             if (isLeftoverSave(file.filename().string())) ::unlink(file.c_str());
     }

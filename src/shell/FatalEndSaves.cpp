@@ -54,13 +54,7 @@ int writeNewFile(const std::string& folder, const std::string& name, const std::
         const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0644);
         if (fd < 0 && errno == EEXIST) continue;
         if (fd < 0) return errno;
-        int error = 0;
-        for (std::size_t done = 0; done < bytes.size() && error == 0;) {
-            const ssize_t written = ::write(fd, bytes.data() + done, bytes.size() - done);
-            if (written < 0 && errno == EINTR) continue;
-            if (written <= 0) error = written < 0 ? errno : ENOSPC;
-            else done += static_cast<std::size_t>(written);
-        }
+        int error = writeAll(fd, bytes.data(), bytes.size());
         if (error == 0 && ::fsync(fd) != 0) error = errno;
         if (::close(fd) != 0 && error == 0) error = errno;
         // A short file is no recovery: it goes, and the next folder is tried.

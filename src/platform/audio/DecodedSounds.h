@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/audio/SoundBuffer.h"
+#include "runtime/FileAccess.h"
 
 namespace tessaly::audio {
 
@@ -31,18 +32,11 @@ public:
     std::size_t size() const { return entries_.size(); }
 
 private:
-    struct Stamp {
-        uint64_t device = 0, inode = 0;
-        int64_t size = 0, changedNs = 0;
-        bool operator==(const Stamp&) const = default;
-    };
     struct Entry {
-        Stamp stamp;
+        FileStamp stamp;
         uint64_t order = 0;
         std::shared_future<std::shared_ptr<const SoundBuffer>> sound;
     };
-    static bool stampOf(const std::string& path, Stamp& stamp);
-
     // A handful of files: the six effect keys and what was chosen before.
     static constexpr std::size_t kMostKept = 12;
     std::map<std::string, Entry> entries_;

@@ -4,13 +4,13 @@
 
 #include <algorithm>
 #include <chrono>
-#include <filesystem>
 #include <utility>
 
 #include "platform/MidiErrors.h"
 #include "platform/audio/AudioEngine.h"
 #include "platform/audio/BuiltInSynth.h"
 #include "platform/audio/ShortMessage.h"
+#include "runtime/FileAccess.h"
 #include "runtime/Text.h"
 
 namespace tessaly::audio {
@@ -27,16 +27,6 @@ std::unique_ptr<RtMidiOut> makeAlsaOut() {
     } catch (const RtMidiError&) {
         return nullptr;
     }
-}
-
-// Size and time of change: a SoundFont replaced under the same name differs.
-std::string fileStamp(const std::string& path) {
-    std::error_code error;
-    const auto size = std::filesystem::file_size(path, error);
-    if (error) return {};
-    const auto changed = std::filesystem::last_write_time(path, error);
-    if (error) return {};
-    return std::to_string(size) + "@" + std::to_string(changed.time_since_epoch().count());
 }
 
 void markFailed(RtMidiError::Type, const std::string&, void* device) {
@@ -123,7 +113,7 @@ int SystemMidiPort::openSynth() {
         loaded = preloaded_.get();
         ++loads_;
     } else if (KeptSynth kept = std::exchange(kept_, {}); kept.synth && !kept.path.empty() &&
-               locateSoundFont(soundFont_) == kept.path && fileStamp(kept.path) == kept.fileStamp) {
+               locateSoundFont(soundFont_) == kept.path && fileStamp(kept.path) == kept.stamp) {
         kept.synth->reset();
         loaded = LoadedSynth{kept.path, std::move(kept.synth)};
     } else {

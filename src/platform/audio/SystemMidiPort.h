@@ -2,11 +2,13 @@
 #include <cstdint>
 #include <future>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/MidiPort.h"
 #include "platform/audio/SoundFontLocator.h"
+#include "runtime/FileAccess.h"
 
 class RtMidiOut;
 
@@ -72,7 +74,7 @@ private:
     struct KeptSynth {
         std::unique_ptr<BuiltInSynth> synth;
         std::string path;
-        std::string fileStamp;
+        std::optional<FileStamp> stamp;
     };
     KeptSynth kept_;
     int loads_ = 0;

@@ -67,9 +67,9 @@ QtEventLoop::Clock::time_point QtEventLoop::periodStart(const TimerClient& clien
 }
 
 void QtEventLoop::arm(Armed& slot) {
-    itimerspec spec{};
-    spec.it_value = toTimespec(slot.due);
-    ::timerfd_settime(slot.fd, TFD_TIMER_ABSTIME, &spec, nullptr);
+    itimerspec deadline{};
+    deadline.it_value = toTimespec(slot.due);
+    ::timerfd_settime(slot.fd, TFD_TIMER_ABSTIME, &deadline, nullptr);
 }
 
 void QtEventLoop::startTimer(TimerClient& client, int intervalMs) {
