@@ -24,7 +24,8 @@ void QtMessageBoxes::timedBox(const std::string& title, const std::string& text,
     box->setStyleSheet(dialogStyleSheet());
     box->setWindowModality(Qt::NonModal);
     box->show();
-    QTimer::singleShot(timeoutMs, box, &QWidget::close);
+    // A precise timer: a coarse one may close the box up to 5 % early.
+    QTimer::singleShot(timeoutMs, Qt::PreciseTimer, box, &QWidget::close);
     timedBoxes_.emplace_back(box);
 }
 
