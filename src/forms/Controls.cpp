@@ -160,13 +160,12 @@ bool ListControl::setProperty(std::string_view prop, std::string_view value) {
     return true;
 }
 
-std::size_t TextBox::length() const { return charLength(text_); }
-
 void TextBox::setText(std::string text) {
     if (maxLength_ > 0 && charLength(text) > static_cast<std::size_t>(maxLength_))
         text = charSubstr(text, 0, static_cast<std::size_t>(maxLength_));
     if (text_ == text) return;
     text_ = std::move(text);
+    length_ = charLength(text_);
     selStart_ = 0;
     selLength_ = 0;
     changed(Prop::Text);
@@ -196,12 +195,25 @@ void TextBox::setSelLength(long length) {
 std::string TextBox::selText() const { return charSubstr(text_, selStart_, selLength_); }
 
 void TextBox::setSelText(const std::string& text) {
-    std::string before = charSubstr(text_, 0, selStart_);
-    std::string after = charSubstr(text_, selStart_ + selLength_);
-    std::size_t caret = selStart_ + charLength(text);
-    std::string whole = before + text + after;
-    bool differs = whole != text_;
-    text_ = std::move(whole);
+    const std::size_t inserted = charLength(text);
+    const std::size_t caret = selStart_ + inserted;
+    // A text that begins inside a character counts that piece as no
+    // character, so its end in characters is not its end in bytes.
+    const bool startsWhole = text_.empty() || (static_cast<unsigned char>(text_[0]) & 0xC0) != 0x80;
+    bool differs;
+    if (selLength_ == 0 && selStart_ == length_ && startsWhole) {
+        // Writing at the end, as the keys do: what is there is not copied.
+        differs = !text.empty();
+        text_ += text;
+        length_ += inserted;
+    } else {
+        std::string before = charSubstr(text_, 0, selStart_);
+        std::string after = charSubstr(text_, selStart_ + selLength_);
+        std::string whole = before + text + after;
+        differs = whole != text_;
+        text_ = std::move(whole);
+        length_ = charLength(text_);
+    }
     selStart_ = caret;
     selLength_ = 0;
     if (!differs) {

@@ -103,7 +103,7 @@ public:
     TextBox(Form* form, std::string name, int index = -1) : Control(form, ControlKind::TextBox, std::move(name), index) {}
     const std::string& text() const { return text_; }
     void setText(std::string text);
-    std::size_t length() const;
+    std::size_t length() const { return length_; }  // in characters
     std::size_t selStart() const { return selStart_; }
     std::size_t selLength() const { return selLength_; }
     void setSelStart(long start);
@@ -126,6 +126,7 @@ public:
 
 private:
     std::string text_;
+    std::size_t length_ = 0;  // kept, as a long score is counted on every key
     std::size_t selStart_ = 0;
     std::size_t selLength_ = 0;
     int maxLength_ = 0;

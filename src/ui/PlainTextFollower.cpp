@@ -6,6 +6,7 @@
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextOption>
+#include <QTimer>
 
 #include "forms/Controls.h"
 #include "ui/TextConversion.h"
@@ -33,8 +34,7 @@ void PlainTextFollower::showNow() {
 void PlainTextFollower::schedule() {
     if (scheduled_) return;
     scheduled_ = true;
-    // Queued: runs once the handler that changed the model has returned.
-    QMetaObject::invokeMethod(this, [this] { catchUp(); }, Qt::QueuedConnection);
+    QTimer::singleShot(kCatchUpDelayMs, Qt::PreciseTimer, this, [this] { catchUp(); });
 }
 
 void PlainTextFollower::catchUp() {

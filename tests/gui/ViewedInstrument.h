@@ -11,8 +11,13 @@
 #include "Harness.h"
 #include "ui/MainWindowView.h"
 #include "ui/PictureView.h"
+#include "ui/PlainTextFollower.h"
 
 namespace tessaly::testing {
+
+// Lets the text boxes' widgets catch up with their models, which they do a
+// little after the handler that changed them.
+inline void settleTextBoxes() { QTest::qWait(3 * PlainTextFollower::kCatchUpDelayMs); }
 
 // The program in virtual time on the recording platform, its main window
 // built on the offscreen platform before start so that it sees every change.
@@ -39,7 +44,7 @@ struct ViewedInstrument {
     int keyPicture(int offset) { return widget<PictureView>(form.Picture1[offset]).pictureId(); }
     // The score box as shown once the event loop has been free to catch up.
     QString score() {
-        QApplication::processEvents();
+        settleTextBoxes();
         return widget<QPlainTextEdit>(form.Text3).toPlainText();
     }
     // Messages since the last call, as the script driver prints them.

@@ -162,7 +162,7 @@ TEST(MainWindowView, CheckBoxClicksAndTypedScoreTextGoThroughTheModel) {
     // Code writing into the box moves the caret to the end of what it wrote.
     v.form.Text3.setSelStart(3);
     v.form.Text3.setSelText("KD");
-    QApplication::processEvents();  // the box shows it once the event loop is free
+    tessaly::testing::settleTextBoxes();  // the box shows it a little later
     EXPECT_EQ(score.toPlainText(), "KC4KD\nTZ");
     EXPECT_EQ(score.textCursor().position(), 5);
 }

@@ -34,6 +34,40 @@ TEST(ScrollBar, ANewBoundMovesAValueLeftOutsideWithItsEvent) {
     EXPECT_THROW(bar.setMax(40000), FatalFailure);
 }
 
+// The box keeps its length in characters as it is written to: at the end (as
+// the keys write), inside, over a selection, and after a text that begins in
+// the middle of a character, which counts that piece as nothing.
+TEST(TextBox, LengthAndTextFollowEveryKindOfWrite) {
+    OneForm f;
+    TextBox& box = f.form.add<TextBox>("Text3");
+    int changes = 0;
+    box.onChange = [&] { ++changes; };
+    box.setText("KC8乐");
+    ASSERT_EQ(box.length(), 4u);
+    box.setSelStart(4);
+    box.setSelText("曲KD");
+    EXPECT_EQ(box.text(), "KC8乐曲KD");
+    EXPECT_EQ(box.length(), 7u);
+    EXPECT_EQ(box.selStart(), 7u);
+    box.setSelText("");
+    EXPECT_EQ(changes, 2);  // writing nothing at the end changes nothing
+    box.setSelStart(3);
+    box.setSelLength(2);
+    EXPECT_EQ(box.selText(), "乐曲");
+    box.setSelText("4");
+    EXPECT_EQ(box.text(), "KC84KD");
+    EXPECT_EQ(box.length(), 6u);
+    box.setSelStart(99);
+    EXPECT_EQ(box.selStart(), 6u);
+
+    box.setText("\x80KC");  // a piece of a character first: two characters
+    ASSERT_EQ(box.length(), 2u);
+    box.setSelStart(2);
+    box.setSelText("4");
+    EXPECT_EQ(box.text(), "\x80K4C");  // the third character is where the byte count says
+    EXPECT_EQ(box.length(), 3u);
+}
+
 TEST(ToggleOptionButton, AClickWhileDownLetsItUpAndStillRunsItsHandler) {
     OneForm f;
     f.form.show();
