@@ -58,17 +58,24 @@ xdotool windowfocus --sync "$window"; sleep 1.5
 before=$(stat -c %s out.raw)
 xdotool key g; sleep 1.5
 import -window root screen.png
-# The loudest 16-bit sample written before and after the key.
-peak() { od -An -v -td2 -w2 | awk '{ v = $1 < 0 ? -$1 : $1; if (v > m) m = v } END { print m + 0 }'; }
-echo "audio peak before the key: $(head -c "$before" out.raw | peak), after: $(tail -c +"$((before + 1))" out.raw | peak) (of 32767)"
+# The loudest sample (32-bit float, as the disk driver writes it) before and after the key.
+peak() { od -An -v -tf4 -w4 | awk '{ v = $1 < 0 ? -$1 : $1; if (v > m) m = v } END { printf "%.4f", m }'; }
+quiet=$(head -c "$before" out.raw | peak); loud=$(tail -c +"$((before + 1))" out.raw | peak)
+echo "audio peak before the key: $quiet, after: $loud (full scale 1)"
 kill -TERM $pid; wait $pid; echo "exit status after SIGTERM: $?"
+awk -v q="$quiet" -v l="$loud" 'BEGIN { exit !(q < 0.0001 && l > 0.01) }' || { echo "the key did not sound"; exit 1; }
+# As the file manager starts it on a score: the score goes into the box and plays.
+tessaly "$HOME/.local/share/tessaly/演奏记录/小星星.txt" >> tessaly.log 2>&1 &
+pid=$!
+sleep 8
+import -window root screen-file.png
+kill -TERM $pid; wait $pid
 SH
 chmod +x "$root/home/musician/start.sh"
 in_root su musician -s /bin/sh -c 'xvfb-run -a -s "-screen 0 1280x800x24" /home/musician/start.sh'
 data=$root/home/musician/.local/share/tessaly
-echo "== the data folder of the user"
-ls -la "$data" "$data/演奏记录" | sed 's/^/  /'
+echo "== the data folder of the user: $(cd "$data" && echo *) / 演奏记录: $(cd "$data/演奏记录" && echo *)"
 [ -s "$data/tessaly.ini" ] || { echo "no settings written"; exit 1; }
 echo "settings: $(wc -l < "$data/tessaly.ini") lines"
-cp "$root/home/musician/screen.png" "$root/home/musician/tessaly.log" "$out/"
+cp "$root/home/musician/screen.png" "$root/home/musician/screen-file.png" "$root/home/musician/tessaly.log" "$out/"
 echo "package check passed; picture and log in $out"
