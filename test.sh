@@ -2,7 +2,7 @@
 # Installs what is missing, builds, and runs every test through CTest.
 set -euo pipefail
 cd "$(dirname "$0")"
-scripts/install-deps.sh
+scripts/install-deps.sh --for-tests
 scripts/build.sh
 cd build
 ctest --output-on-failure --timeout 600 -j"$(nproc)"

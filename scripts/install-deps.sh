@@ -1,18 +1,35 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the instrument needs to build, run and test.
+# Installs the Debian packages the instrument needs: by default what building
+# and running it need; with --for-tests also what the tests, the screen tests,
+# the fuzzers and the benchmarks need.
 # Only what is missing is installed; nothing happens when all are present.
 set -euo pipefail
 
+# Building and running.
 PACKAGES=(
   build-essential cmake ninja-build pkg-config
   qt6-base-dev qt6-translations-l10n
-  libfluidsynth-dev fluidsynth timgm6mb-soundfont fluid-soundfont-gm
+  libfluidsynth-dev timgm6mb-soundfont fluid-soundfont-gm
   libsdl2-dev libsndfile1-dev libsamplerate0-dev librtmidi-dev libsmf-dev
+  fonts-noto-cjk
+)
+# Testing: test libraries, the fuzzers' compiler, a virtual display and its
+# tools, the desktop files' validators, and the package tools.
+TEST_PACKAGES=(
+  fluidsynth
   libgtest-dev libgmock-dev libbenchmark-dev
   clang libclang-rt-14-dev
-  xvfb xauth xdotool libxtst-dev fonts-noto-cjk
+  xvfb xauth xdotool libxtst-dev
   openbox imagemagick x11-utils
+  desktop-file-utils appstream shared-mime-info libglib2.0-bin
+  dpkg-dev
 )
+
+case "${1:-}" in
+  --for-tests) PACKAGES+=("${TEST_PACKAGES[@]}") ;;
+  "") ;;
+  *) echo "usage: $0 [--for-tests]" >&2; exit 2 ;;
+esac
 
 missing=()
 for p in "${PACKAGES[@]}"; do

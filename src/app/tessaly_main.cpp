@@ -1,6 +1,10 @@
 // The instrument: the headless program on Qt's event loop, in its windows,
 // with the built-in synthesizer on the audio device.
+#include <QFile>
+#include <QIcon>
+#include <QStringList>
 #include <QStyleFactory>
+#include <QTimer>
 
 #include <cstdio>
 #include <cstdlib>
@@ -16,6 +20,7 @@
 #include "shell/AppFolder.h"
 #include "shell/Instrument.h"
 #include "shell/FatalEndSaves.h"
+#include "shell/StartFile.h"
 #include "ui/EditorView.h"
 #include "ui/ChineseTranslations.h"
 #include "ui/DesktopUrlOpener.h"
@@ -33,6 +38,9 @@ int main(int argc, char** argv) {
     tessaly::useChineseSystemLocale();
     tessaly::GuardedApplication application(argc, argv);
     tessaly::GuardedApplication::setApplicationName("tessaly");
+    // The desktop matches the windows to the menu entry and its icon by this name.
+    tessaly::GuardedApplication::setDesktopFileName(TESSALY_APP_ID);
+    tessaly::GuardedApplication::setWindowIcon(QIcon::fromTheme(TESSALY_APP_ID, QIcon(":/icons/" TESSALY_APP_ID "-256.png")));
     tessaly::GuardedApplication::setStyle(QStyleFactory::create("Fusion"));
     tessaly::GuardedApplication::setFont(tessaly::instrumentFont());
     tessaly::installChineseTranslations();
@@ -44,9 +52,10 @@ int main(int argc, char** argv) {
     tessaly::FlockInstanceLock instanceLock;
     tessaly::QtDialogs dialogs;
     tessaly::DesktopUrlOpener browser;
-    tessaly::Platform platform{loop, sound.midi, sound.wave, boxes, instanceLock, sound.recorder, &dialogs, browser};
+    tessaly::PresetOpenDialog startDialogs(dialogs);
+    tessaly::Platform platform{loop, sound.midi, sound.wave, boxes, instanceLock, sound.recorder, &startDialogs, browser};
 
-    tessaly::Instrument instrument(platform, appDir, TESSALY_BUILD_DATA_DIR);
+    tessaly::Instrument instrument(platform, appDir, tessaly::shippedDataFolder(TESSALY_BUILD_DATA_DIR));
     tessaly::MainWindowView window(instrument.form1);
     // Built before the start, so that they follow their models from the first change.
     tessaly::SplashView splash(instrument.DZQQD);
@@ -105,6 +114,21 @@ int main(int argc, char** argv) {
     instrument.DZQQD.observe([&](tessaly::Control& form, tessaly::Prop prop) {
         if (prop == tessaly::Prop::Visible && form.visible()) sound.midi.preloadSynth();
     });
+    // A file named on the command line opens once the main window is first up,
+    // after the activation's own handler, by the clicks a user would make.
+    const QStringList arguments = tessaly::GuardedApplication::arguments();
+    if (arguments.size() > 1) {
+        const std::string startFile = QFile::encodeName(arguments.at(1)).toStdString();
+        auto activate = instrument.form1.onActivate;
+        instrument.form1.onActivate = [&instrument, &startDialogs, activate, startFile, pending = true]() mutable {
+            activate();
+            if (!pending || !instrument.activated()) return;
+            pending = false;
+            QTimer::singleShot(0, [&instrument, &startDialogs, startFile] {
+                tessaly::openStartFile(instrument, startDialogs, startFile);
+            });
+        };
+    }
     try {
         instrument.start();
     } catch (const tessaly::FatalFailure& failure) {

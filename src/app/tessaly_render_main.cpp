@@ -117,8 +117,7 @@ int main(int argc, char** argv) {
     request.output = arguments->output.empty() ? tessaly::defaultExportPath(arguments->input) : arguments->output;
     request.soundFont = arguments->soundFont;
     request.dataFolder = arguments->appDir.empty() ? tessaly::appFolderFromEnvironment() : arguments->appDir;
-    const char* shipped = std::getenv("TESSALY_SHIPPED_DATA");
-    request.shippedData = shipped ? shipped : TESSALY_BUILD_DATA_DIR;
+    request.shippedData = tessaly::shippedDataFolder(TESSALY_BUILD_DATA_DIR);
 
     ProgressLine progress;
     const tessaly::ExportResult result = tessaly::runExport(

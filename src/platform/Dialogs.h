@@ -31,6 +31,8 @@ public:
 
 protected:
     void wentTo(const std::string& path);
+    // A dialog that stands in for another follows the folder it went to.
+    void wentWhere(const Dialogs& other) { currentFolder_ = other.currentFolder_; }
 
 private:
     std::string currentFolder_;

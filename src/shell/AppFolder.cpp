@@ -33,6 +33,21 @@ std::string appFolderFromEnvironment() {
     return appFolderFor(std::getenv("TESSALY_APPDIR"), std::getenv("XDG_DATA_HOME"), std::getenv("HOME"));
 }
 
+std::string shippedDataFolderFor(const char* named, const std::string& executable, const std::string& builtData) {
+    if (named && *named) return named;
+    std::error_code error;
+    const fs::path installed = fs::path(executable).parent_path().parent_path() / "share" / "tessaly";
+    if (!executable.empty() && fs::is_directory(installed, error)) return installed.string();
+    return builtData;
+}
+
+std::string shippedDataFolder(const std::string& builtData) {
+    std::error_code error;
+    const fs::path executable = fs::read_symlink("/proc/self/exe", error);
+    return shippedDataFolderFor(std::getenv("TESSALY_SHIPPED_DATA"), error ? std::string() : executable.string(),
+                                builtData);
+}
+
 namespace {
 
 // The most a shipped file holds (the sound effects are the largest).

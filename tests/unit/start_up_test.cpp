@@ -68,6 +68,23 @@ TEST(AppFolder, PortableFolderFirstThenTheXdgDataHome) {
     EXPECT_EQ(appFolderFor("", "relative", "/home/u"), "/home/u/.local/share/tessaly/");
 }
 
+// Installed, the programs sit in PREFIX/bin and their data in
+// PREFIX/share/tessaly; in the build folder there is no such folder beside
+// them and the build's data counts. A named folder overrides both.
+TEST(AppFolder, ShippedDataBesideAnInstalledProgramElseTheBuilds) {
+    const auto prefix = std::filesystem::temp_directory_path() / "tessaly-prefix-test";
+    std::filesystem::remove_all(prefix);
+    std::filesystem::create_directories(prefix / "bin");
+    const std::string program = (prefix / "bin" / "tessaly").string();
+    EXPECT_EQ(shippedDataFolderFor(nullptr, program, "/build/data"), "/build/data");
+    std::filesystem::create_directories(prefix / "share" / "tessaly");
+    EXPECT_EQ(shippedDataFolderFor(nullptr, program, "/build/data"), (prefix / "share" / "tessaly").string());
+    EXPECT_EQ(shippedDataFolderFor("", program, "/build/data"), (prefix / "share" / "tessaly").string());
+    EXPECT_EQ(shippedDataFolderFor("/elsewhere", program, "/build/data"), "/elsewhere");
+    EXPECT_EQ(shippedDataFolderFor(nullptr, "", "/build/data"), "/build/data");
+    std::filesystem::remove_all(prefix);
+}
+
 // A shipped file missing or shorter than shipped (a copy a full disk cut
 // short) comes back at the next start; one the user made longer stays.
 TEST(AppFolder, SeedsWhatIsMissingOrCutShortAndKeepsTheUsersOwn) {

@@ -14,8 +14,10 @@
 #include "forms/Form.h"
 #include "runtime/FatalFailure.h"
 #include "score/ScoreFiles.h"
+#include "shell/AppFolder.h"
 #include "shell/FatalEndSaves.h"
 #include "shell/Instrument.h"
+#include "shell/StartFile.h"
 
 namespace tessaly {
 
@@ -85,16 +87,13 @@ ScriptDriver::ScriptDriver(ScriptOptions options, std::ostream& out)
       urls_(log_),
       // Every run's calendar starts at the same moment.
       clock_(loop_, LocalTime{2017, 5, 20, 9, 30, 0}),
-      platform_{loop_, midi_, wave_, boxes_, instanceLock_, mci_, &dialogs_, urls_, clock_} {
+      platform_{loop_, midi_, wave_, boxes_, instanceLock_, mci_, &startDialogs_, urls_, clock_} {
     instrument_ = std::make_unique<Instrument>(platform_, appDir_, options_.shippedData);
     exportButtons_ = std::make_unique<ExportButtons>(*instrument_, ExportButtons::Threading::Inline, options_.soundFont);
     logFormVisibility();
 }
 
-std::string ScriptOptions::defaultShippedData() {
-    if (const char* dir = std::getenv("TESSALY_SHIPPED_DATA")) return dir;
-    return TESSALY_BUILD_DATA_DIR;
-}
+std::string ScriptOptions::defaultShippedData() { return shippedDataFolder(TESSALY_BUILD_DATA_DIR); }
 
 void ScriptDriver::logFormVisibility() {
     for (const char* name : {"DZQQD", "Form1", "Form3", "YYBJ", "YYLR"}) {
@@ -224,6 +223,11 @@ bool ScriptDriver::execute(const std::string& line) {
         // A relative path names a file in the program's data folder.
         std::filesystem::path path = std::filesystem::path(appDir_) / rest;
         dialogs_.queueFileAnswer(rest == "cancel" ? std::nullopt : std::optional<std::string>(path.string()));
+    } else if (command == "open-file") {
+        if (rest.empty()) throw ScriptError("open-file PATH");
+        // As the program opens a file named on its command line; a relative
+        // path names a file in the data folder.
+        openStartFile(*instrument_, startDialogs_, (std::filesystem::path(appDir_) / rest).string());
     } else if (command == "input") {
         dialogs_.queueInputAnswer(rest == "cancel" ? std::nullopt : std::optional<std::string>(rest));
     } else if (command == "mci") {

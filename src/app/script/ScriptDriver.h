@@ -10,6 +10,7 @@
 #include "platform/testing/ScriptedDialogs.h"
 #include "platform/testing/VirtualEventLoop.h"
 #include "platform/WallClock.h"
+#include "shell/StartFile.h"
 
 namespace tessaly {
 
@@ -61,6 +62,8 @@ private:
     FlockInstanceLock instanceLock_;
     RecordingMciCommands mci_;
     ScriptedDialogs dialogs_;
+    // The dialogs the program sees: a file named by "open-file" answers first.
+    PresetOpenDialog startDialogs_{dialogs_};
     RecordingUrlOpener urls_;
     VirtualWallClock clock_;
     Platform platform_;
