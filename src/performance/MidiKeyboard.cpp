@@ -24,7 +24,19 @@ int noteKeyFor(int offset) {
     return 0;
 }
 
+constexpr std::size_t kLongestSettings = 4096;
+
 }  // namespace
+
+std::string rememberedKeyboardIn(std::string_view text) {
+    const std::string_view key = kRememberedKey;
+    for (const std::string& line : splitLines(text))
+        // No port's name holds a carriage return: a stray one ends the name.
+        if (line.compare(0, key.size(), key) == 0) return line.substr(key.size(), line.find('\r') - key.size());
+    return {};
+}
+
+std::string rememberedKeyboardText(const std::string& name) { return joinLines({kRememberedKey + name}); }
 
 MidiKeyboard::MidiKeyboard(Platform& platform, SharedState& state, MidiOut& midi, MainWindow& form, KeyboardPlay& keys)
     : platform_(platform), state_(state), midi_(midi), form_(form), keys_(keys) {
@@ -47,10 +59,8 @@ void MidiKeyboard::wire() {
 void MidiKeyboard::start() {
     if (started_) return;
     started_ = true;
-    if (auto text = readTextFile(settingsPath(), 4096)) {
-        for (const std::string& line : splitLines(*text))
-            if (line.rfind(kRememberedKey, 0) == 0) list_.setRemembered(line.substr(std::string(kRememberedKey).size()));
-    }
+    // A file that is missing, too long or unreadable remembers nothing.
+    if (auto text = readTextFile(settingsPath(), kLongestSettings)) list_.setRemembered(rememberedKeyboardIn(*text));
     refreshPorts();
     platform_.loop.startTimer(*this, kPollMs);
 }
@@ -94,7 +104,7 @@ std::string MidiKeyboard::settingsPath() const { return state_.AppDir + kKeyboar
 
 void MidiKeyboard::remember() {
     // Losing this file loses only a convenience: a failed write says nothing.
-    replaceFile(settingsPath(), joinLines({kRememberedKey + list_.remembered()}));
+    replaceFile(settingsPath(), rememberedKeyboardText(list_.remembered()));
 }
 
 void MidiKeyboard::serve() {
@@ -111,8 +121,10 @@ void MidiKeyboard::handle(uint32_t message) {
     const int data2 = static_cast<int>((message >> 16) & 0x7F);
     switch (status) {
     case 0x90:
-        if (data2 > 0) noteOn(data1, data2);
-        else noteOff(data1);
+        // While another window stands in for the main one, keys play nothing
+        // there, as the typing keys do; what lifts or silences still passes.
+        if (data2 == 0) noteOff(data1);
+        else if (form_.visible()) noteOn(data1, data2);
         break;
     case 0x80: noteOff(data1); break;
     case 0xB0: controller(data1, data2); break;

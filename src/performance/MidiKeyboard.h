@@ -2,6 +2,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "performance/InputPortList.h"
 #include "platform/EventLoop.h"
@@ -18,6 +19,11 @@ struct SharedState;
 constexpr const char* kKeyboardSettingsFileName = "tessaly-keyboard.ini";
 // Our own MIDI client's name, whose ports are not keyboards.
 constexpr const char* kOwnMidiClient = "tessaly";
+
+// The keyboard named in that file's text, empty when none is.
+std::string rememberedKeyboardIn(std::string_view text);
+// The file's text that names the keyboard.
+std::string rememberedKeyboardText(const std::string& name);
 
 // A MIDI keyboard as a second typing keyboard. Its white keys C2..G6 are the
 // 33 note keys and go through their handlers, so they sound, drive the
