@@ -73,6 +73,10 @@ std::vector<MidiInputPort> SystemMidiInput::ports() {
         const std::string name = midi->getPortName(i);
         if (!listerFailed_ && !name.empty()) ports.push_back(splitPortName(name));
     }
+    // A port that went away between counting and naming spoils this reading
+    // only: the last whole one stands until the next.
+    if (listerFailed_) return lastPorts_;
+    lastPorts_ = ports;
     return ports;
 }
 

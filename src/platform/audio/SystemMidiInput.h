@@ -49,6 +49,7 @@ private:
 
     std::unique_ptr<RtMidiIn> lister_;
     bool listerFailed_ = false;
+    std::vector<MidiInputPort> lastPorts_;
     std::unique_ptr<RtMidiIn> connected_;
     bool connectedFailed_ = false;
     SpscQueue<uint32_t, 1024> queue_;
