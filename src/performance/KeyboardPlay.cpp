@@ -142,24 +142,23 @@ void KeyboardPlay::touchKeyDown(int16_t keyCode, int velocity) {
     touch_ = 127;
 }
 
-int16_t KeyboardPlay::touchVelocity(int channel) const {
-    if (touch_ >= 127) return midi_.ChannelVelocity[channel];
-    return toInt16(std::max(1, midi_.ChannelVelocity[channel] * touch_ / 127));
+int16_t KeyboardPlay::touchVelocity(int channel, int velocity) const {
+    // Full touch leaves the channel's volume exactly as the typing keys play it.
+    if (velocity >= 127) return midi_.ChannelVelocity[channel];
+    return toInt16(std::max(1, midi_.ChannelVelocity[channel] * velocity / 127));
 }
 
 void KeyboardPlay::startMelodyNote(int note, int velocity) {
-    touch_ = velocity;
     const int16_t key = toInt16(note);
     // Sounding anew, the note is no longer the pedal's to stop.
     heldByPedal_.erase(note);
-    if (form_.ComSounds[0].listIndex() > 0) midi_.StartNote(0, key, touchVelocity(0));
-    if (form_.ComSounds[1].listIndex() > 0) midi_.StartNote(1, key, touchVelocity(1));
+    if (form_.ComSounds[0].listIndex() > 0) midi_.StartNote(0, key, touchVelocity(0, velocity));
+    if (form_.ComSounds[1].listIndex() > 0) midi_.StartNote(1, key, touchVelocity(1, velocity));
     if (form_.ComSounds[2].listIndex() > 0) {
-        midi_.StartNote(2, key, touchVelocity(2));
+        midi_.StartNote(2, key, touchVelocity(2, velocity));
         // The double lies a fourth below, whatever the tool tip says.
-        midi_.StartNote(2, toInt16(note - 5), touchVelocity(2));
+        midi_.StartNote(2, toInt16(note - 5), touchVelocity(2, velocity));
     }
-    touch_ = 127;
 }
 
 void KeyboardPlay::setPedal(bool down) {

@@ -72,7 +72,7 @@ private:
     void keypadHit(int keyCode);
     void startAccompaniment();
     void stopAccompaniment();
-    int16_t touchVelocity(int channel) const;
+    int16_t touchVelocity(int channel, int velocity) const;
     // Puts the caret at ScoreEnd and inserts the text there.
     void writeToScore(const std::string& text);
     void applyTempo(double tempo);
@@ -86,6 +86,7 @@ private:
     Accompaniment& accompaniment_;
     ChordLayers& chords_;
     EffectKeys& effects_;
+    // The velocity of the note key being struck.
     int touch_ = 127;
     bool pedalDown_ = false;
     std::set<int> heldByPedal_;
