@@ -2,7 +2,13 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <QCoreApplication>
+#include <QTimer>
+#include <thread>
+#include <vector>
+
 #include "platform/audio/SystemMidiInput.h"
+#include "platform/qt/QtReadableFd.h"
 
 namespace tessaly::audio {
 namespace {
@@ -40,6 +46,34 @@ TEST(SystemMidiInput, AMessageIsQueuedAndWakesTheLoopAtOnce) {
     const unsigned char sysex[5] = {0xF0, 1, 2, 3, 0xF7};
     input.arrived(sysex, 5);
     EXPECT_FALSE(input.take(message));
+}
+
+// The Qt loop takes what another thread hands over as soon as it is there,
+// with no timer of its own to wait for.
+TEST(SystemMidiInput, TheEventLoopWakesForAMessageFromAnotherThread) {
+    int argc = 1;
+    char name[] = "midi-input";
+    char* argv[] = {name, nullptr};
+    QCoreApplication application(argc, argv);
+    SystemMidiInput input;
+    std::vector<uint32_t> taken;
+    QtReadableFd wake(input.wakeFd(), [&] {
+        input.acknowledgeWake();
+        for (uint32_t message = 0; input.take(message);) taken.push_back(message);
+        if (taken.size() == 2) QCoreApplication::quit();
+    });
+    std::thread keyboard([&] {
+        const unsigned char noteOn[3] = {0x90, 60, 100}, noteOff[3] = {0x80, 60, 0};
+        input.arrived(noteOn, 3);
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        input.arrived(noteOff, 3);
+    });
+    // A safeguard only: the test fails if the loop has to be ended this way.
+    QTimer::singleShot(5000, [] { QCoreApplication::exit(1); });
+    const int status = QCoreApplication::exec();
+    keyboard.join();
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(taken, (std::vector<uint32_t>{0x90u | 60u << 8 | 100u << 16, 0x80u | 60u << 8}));
 }
 
 TEST(SystemMidiInput, AFullQueueDropsAndCountsRatherThanWaits) {
