@@ -16,6 +16,8 @@
 #include "platform/posix/FlockInstanceLock.h"
 #include "platform/qt/QtEndSignals.h"
 #include "platform/qt/QtEventLoop.h"
+#include "platform/qt/QtReadableFd.h"
+#include "platform/audio/SystemMidiInput.h"
 #include "runtime/FatalFailure.h"
 #include "shell/AppFolder.h"
 #include "shell/Instrument.h"
@@ -53,10 +55,17 @@ int main(int argc, char** argv) {
     tessaly::QtDialogs dialogs;
     tessaly::DesktopUrlOpener browser;
     tessaly::PresetOpenDialog startDialogs(dialogs);
-    tessaly::Platform platform{loop, sound.midi, sound.wave, boxes, instanceLock, sound.recorder, &startDialogs, browser};
+    tessaly::audio::SystemMidiInput keyboards;
+    tessaly::Platform platform{loop,    sound.midi, sound.wave, boxes, instanceLock, sound.recorder, &startDialogs,
+                               browser, tessaly::systemWallClock(), keyboards};
 
     tessaly::Instrument instrument(platform, appDir, tessaly::shippedDataFolder(TESSALY_BUILD_DATA_DIR));
     tessaly::MainWindowView window(instrument.form1);
+    // A keyboard's message is played as soon as RtMidi's thread hands it over.
+    tessaly::QtReadableFd keyboardMessages(keyboards.wakeFd(), [&keyboards, &instrument] {
+        keyboards.acknowledgeWake();
+        instrument.midiKeyboard.serve();
+    });
     // Built before the start, so that they follow their models from the first change.
     tessaly::SplashView splash(instrument.DZQQD);
     tessaly::FarewellView farewell(instrument.Form3);

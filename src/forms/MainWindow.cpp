@@ -30,6 +30,7 @@ MainWindow::MainWindow(ControlSystem& system, EventLoop& loop)
       YD(add<ComboBox>("YD")),
       Check1(add<CheckBox>("Check1")),
       ComDevies(add<ComboBox>("ComDevies")),
+      ComInput(add<ComboBox>("ComInput")),
       Check5(add<CheckBox>("Check5")),
       BzQd(add<CheckBox>("BzQd")),
       Combo1(add<ComboBox>("Combo1")),

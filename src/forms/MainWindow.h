@@ -38,6 +38,8 @@ public:
     CheckBox& Check1;
     ControlArray<CheckBox> Check3;
     ComboBox& ComDevies;
+    // "输入设备": the MIDI keyboard that plays
+    ComboBox& ComInput;
 
     // Accompaniment
     CheckBox& Check5;

@@ -1,6 +1,8 @@
 #include "performance/KeyboardPlay.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "chords/ChordLayers.h"
 #include "forms/MainWindow.h"
@@ -119,14 +121,7 @@ void KeyboardPlay::playNoteKey(int keyCode) {
     form_.Timer1.setInterval(state_.TickMs);
     state_.SinceNoteTicks = 0;
 
-    const int16_t note = toInt16(state_.CurrentNoteOffset + state_.NoteBase);
-    if (form_.ComSounds[0].listIndex() > 0) midi_.StartNote(0, note, midi_.ChannelVelocity[0]);
-    if (form_.ComSounds[1].listIndex() > 0) midi_.StartNote(1, note, midi_.ChannelVelocity[1]);
-    if (form_.ComSounds[2].listIndex() > 0) {
-        midi_.StartNote(2, note, midi_.ChannelVelocity[2]);
-        // The double lies a fourth below, whatever the tool tip says.
-        midi_.StartNote(2, toInt16(note - 5), midi_.ChannelVelocity[2]);
-    }
+    startMelodyNote(state_.CurrentNoteOffset + state_.NoteBase, touch_);
 
     if (!form_.Timer1.timerEnabled()) {
         if (form_.Check5.value() == 1) accompaniment_.downbeat();
@@ -141,7 +136,43 @@ void KeyboardPlay::playNoteKey(int keyCode) {
     state_.KeySoundedOffset[keyCode] = state_.CurrentNoteOffset;
 }
 
+void KeyboardPlay::touchKeyDown(int16_t keyCode, int velocity) {
+    touch_ = velocity;
+    SFYXYZ_KeyDown(keyCode, 0);
+    touch_ = 127;
+}
+
+int16_t KeyboardPlay::touchVelocity(int channel, int velocity) const {
+    // Full touch leaves the channel's volume exactly as the typing keys play it.
+    if (velocity >= 127) return midi_.ChannelVelocity[channel];
+    return toInt16(std::max(1, midi_.ChannelVelocity[channel] * velocity / 127));
+}
+
+void KeyboardPlay::startMelodyNote(int note, int velocity) {
+    const int16_t key = toInt16(note);
+    // Sounding anew, the note is no longer the pedal's to stop.
+    heldByPedal_.erase(note);
+    if (form_.ComSounds[0].listIndex() > 0) midi_.StartNote(0, key, touchVelocity(0, velocity));
+    if (form_.ComSounds[1].listIndex() > 0) midi_.StartNote(1, key, touchVelocity(1, velocity));
+    if (form_.ComSounds[2].listIndex() > 0) {
+        midi_.StartNote(2, key, touchVelocity(2, velocity));
+        // The double lies a fourth below, whatever the tool tip says.
+        midi_.StartNote(2, toInt16(note - 5), touchVelocity(2, velocity));
+    }
+}
+
+void KeyboardPlay::setPedal(bool down) {
+    if (down == pedalDown_) return;
+    pedalDown_ = down;
+    if (down) return;
+    for (int note : std::exchange(heldByPedal_, {})) stopMelodyNote(note);
+}
+
 void KeyboardPlay::stopMelodyNote(int note) {
+    if (pedalDown_) {
+        heldByPedal_.insert(note);
+        return;
+    }
     midi_.StopNote(0, toInt16(note));
     midi_.StopNote(1, toInt16(note));
     midi_.StopNote(2, toInt16(note));
@@ -154,6 +185,7 @@ void KeyboardPlay::writeToScore(const std::string& text) {
 }
 
 void KeyboardPlay::endPerformance() {
+    heldByPedal_.clear();
     form_.Timer1.setTimerEnabled(false);
     for (int n = 0; n <= 63; ++n) {
         int16_t note = toInt16(n + state_.NoteBase);
@@ -268,6 +300,7 @@ void KeyboardPlay::panic() {
     // Some paths leave notes on by design (a key lifted after a change of
     // tonality, the low double that Space does not reach): the way out that
     // every MIDI instrument gives, All Sound Off and All Notes Off.
+    heldByPedal_.clear();
     for (int16_t channel = 0; channel < 16; ++channel) {
         midi_.SendController(channel, 120, 0);
         midi_.SendController(channel, 123, 0);

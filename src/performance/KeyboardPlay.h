@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <set>
 #include <string>
 
 namespace tessaly {
@@ -45,6 +46,22 @@ public:
     void ComSounds_Change(int Index);
     void Text3_Change();
 
+    // A note key struck with a velocity of 1..127, as a MIDI keyboard strikes
+    // it: the key's own handler, with every melody channel's volume scaled
+    // by velocity / 127. The typing keys strike at 127.
+    void touchKeyDown(int16_t keyCode, int velocity);
+    // A note on the melody channels whose instrument is not silent, the
+    // third one doubled a fourth below, at the current touch.
+    void startMelodyNote(int note, int velocity = 127);
+    // Stops a note on the three melody channels and its double on channel 2;
+    // while the pedal is down the note is held until it rises.
+    void stopMelodyNote(int note);
+    // The sustain pedal. Rising, it stops the notes it held that were not
+    // struck again meanwhile.
+    void setPedal(bool down);
+    // Forgets what the pedal holds: everything was stopped another way.
+    void dropPedalHolds() { heldByPedal_.clear(); }
+
 private:
     void playNoteKey(int keyCode);
     void endPerformance();
@@ -55,8 +72,7 @@ private:
     void keypadHit(int keyCode);
     void startAccompaniment();
     void stopAccompaniment();
-    // Stops a note on the three melody channels and its double on channel 2.
-    void stopMelodyNote(int note);
+    int16_t touchVelocity(int channel, int velocity) const;
     // Puts the caret at ScoreEnd and inserts the text there.
     void writeToScore(const std::string& text);
     void applyTempo(double tempo);
@@ -70,6 +86,10 @@ private:
     Accompaniment& accompaniment_;
     ChordLayers& chords_;
     EffectKeys& effects_;
+    // The velocity of the note key being struck.
+    int touch_ = 127;
+    bool pedalDown_ = false;
+    std::set<int> heldByPedal_;
 };
 
 }  // namespace tessaly

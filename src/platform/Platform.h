@@ -5,6 +5,7 @@
 #include "platform/InstanceLock.h"
 #include "platform/MciCommands.h"
 #include "platform/MessageBoxes.h"
+#include "platform/MidiInput.h"
 #include "platform/MidiPort.h"
 #include "platform/UrlOpener.h"
 #include "platform/WallClock.h"
@@ -24,6 +25,8 @@ struct Platform {
     Dialogs* dialogs = nullptr;
     UrlOpener& urls = noUrlOpener();
     const WallClock& clock = systemWallClock();
+    // The keyboards that play the instrument over MIDI; none given, none.
+    MidiInput& midiIn = noMidiInput();
 };
 
 }  // namespace tessaly

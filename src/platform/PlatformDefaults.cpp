@@ -1,5 +1,6 @@
 #include "platform/InstanceLock.h"
 #include "platform/MciCommands.h"
+#include "platform/MidiInput.h"
 #include "platform/UrlOpener.h"
 
 namespace tessaly {
@@ -21,7 +22,20 @@ public:
     bool open(const std::string&) override { return false; }
 };
 
+class NoKeyboards : public MidiInput {
+public:
+    std::vector<MidiInputPort> ports() override { return {}; }
+    bool connect(const std::string&) override { return false; }
+    void disconnect() override {}
+    bool take(uint32_t&) override { return false; }
+};
+
 }  // namespace
+
+MidiInput& noMidiInput() {
+    static NoKeyboards keyboards;
+    return keyboards;
+}
 
 InstanceLock& noInstanceLock() {
     static AlwaysFree lock;

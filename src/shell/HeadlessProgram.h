@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/testing/RecordingPlatform.h"
+#include "platform/testing/ScriptedMidiInput.h"
 #include "platform/testing/VirtualEventLoop.h"
 #include "shell/Instrument.h"
 
@@ -33,7 +34,9 @@ struct HeadlessProgram {
     RecordingMidiPort midi{loop};
     RecordingWaveOut wave{log};
     RecordingMessageBoxes boxes{log};
-    Platform platform{loop, midi, wave, boxes};
+    // The keyboards' ports and messages, as the test sets and sends them.
+    ScriptedMidiInput midiIn;
+    Platform platform{.loop = loop, .midi = midi, .wave = wave, .boxes = boxes, .midiIn = midiIn};
     std::filesystem::path dir;
     std::unique_ptr<Instrument> app;
 

@@ -23,6 +23,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       accompaniment(state, midi, form1, chords),
       effects(platform_, state, form1),
       keyboard(platform_, state, midi, form1, accompaniment, chords, effects),
+      midiKeyboard(platform_, state, midi, form1, keyboard),
       mouse(state, midi, form1),
       DZQQD(controls, platform_.loop),
       Form3(controls, platform_.loop),
@@ -51,6 +52,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
     recoveryFolders_ = recoveryFolders(appDir_, std::getenv("XDG_STATE_HOME"), std::getenv("HOME"));
     keyboard.wire();
+    midiKeyboard.wire();
     mouse.wire();
     shortcuts.wire();
     startUp.wire();
@@ -143,6 +145,7 @@ void Instrument::Form_Activate() {
     // are ready together.
     if (form1.SFYXYZ.hasFocus()) keyboard.SFYXYZ_GotFocus();
     activated_ = true;
+    midiKeyboard.start();
     form1.Timer2.setTimerEnabled(true);
     chordPageHandlers.rebuildAtActivation();
     state.AutoSyncFlag = 0;

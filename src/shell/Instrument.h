@@ -18,6 +18,7 @@
 #include "midi/MidiOut.h"
 #include "performance/EffectKeys.h"
 #include "performance/KeyboardPlay.h"
+#include "performance/MidiKeyboard.h"
 #include "performance/MousePlay.h"
 #include "performance/ShortcutPage.h"
 #include "platform/Platform.h"
@@ -89,6 +90,7 @@ public:
     Accompaniment accompaniment;
     EffectKeys effects;
     KeyboardPlay keyboard;
+    MidiKeyboard midiKeyboard;
     MousePlay mouse;
     SplashWindow DZQQD;
     FarewellWindow Form3;

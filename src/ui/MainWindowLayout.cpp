@@ -18,6 +18,8 @@ constexpr int kScoreButtonHeight = 26;
 constexpr QRect kKeyboardArea(8, 270, 970, 94);
 constexpr int kWhiteKeyWidth = 25, kBlackKeyWidth = 15;
 constexpr int kRowTop = 12, kRowStep = 36, kRowHeight = 26;
+// The last row: the damper check box, then the keyboard and the output device under their captions.
+constexpr int kInputCaptionLeft = 106, kInputListLeft = kInputCaptionLeft + 64, kOutputCaptionLeft = 310;
 
 void place(Control& control, int left, int top, int width, int height) {
     control.setGeometry({left, top, width, height});
@@ -55,8 +57,9 @@ void placeMelodyPanel(MainWindow& form) {
     place(form.SD, 484, kRowTop, 68, kRowHeight);
     place(form.YD, 484, kRowTop + kRowStep, 68, kRowHeight);
     const int lastRow = kRowTop + 3 * kRowStep + 8;
-    place(form.Check1, 12, lastRow, 96, kRowHeight);
-    place(form.ComDevies, 300, lastRow, 252, kRowHeight);
+    place(form.Check1, 12, lastRow, 92, kRowHeight);
+    place(form.ComInput, kInputListLeft, lastRow, kOutputCaptionLeft - 8 - kInputListLeft, kRowHeight);
+    place(form.ComDevies, kOutputCaptionLeft + 64, lastRow, 552 - kOutputCaptionLeft - 64, kRowHeight);
 }
 
 // Three rows of key caps, one for each kind of key, then the lists that
@@ -131,7 +134,8 @@ std::vector<PanelCaption> melodyPanelCaptions() {
     }
     captions.push_back({"速度", QRect(448, kRowTop, 36, kRowHeight)});
     captions.push_back({"音调", QRect(448, kRowTop + kRowStep, 36, kRowHeight)});
-    captions.push_back({"输出设备", QRect(232, kRowTop + 3 * kRowStep + 8, 64, kRowHeight)});
+    captions.push_back({"输入设备", QRect(kInputCaptionLeft, kRowTop + 3 * kRowStep + 8, 64, kRowHeight)});
+    captions.push_back({"输出设备", QRect(kOutputCaptionLeft, kRowTop + 3 * kRowStep + 8, 64, kRowHeight)});
     return captions;
 }
 

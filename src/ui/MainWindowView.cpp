@@ -96,6 +96,7 @@ void MainWindowView::buildMelodyPanel(QWidget& panel) {
     binder_.bind(model_.SD, *tempo);
     make<QComboBox>(model_.YD, panel).setMaxVisibleItems(12);
     make<QCheckBox>(model_.Check1, panel);
+    make<QComboBox>(model_.ComInput, panel);
     make<QComboBox>(model_.ComDevies, panel);
 }
 

@@ -87,7 +87,7 @@ ScriptDriver::ScriptDriver(ScriptOptions options, std::ostream& out)
       urls_(log_),
       // Every run's calendar starts at the same moment.
       clock_(loop_, LocalTime{2017, 5, 20, 9, 30, 0}),
-      platform_{loop_, midi_, wave_, boxes_, instanceLock_, mci_, &startDialogs_, urls_, clock_} {
+      platform_{loop_, midi_, wave_, boxes_, instanceLock_, mci_, &startDialogs_, urls_, clock_, midiIn_} {
     instrument_ = std::make_unique<Instrument>(platform_, appDir_, options_.shippedData);
     exportButtons_ = std::make_unique<ExportButtons>(*instrument_, ExportButtons::Threading::Inline, options_.soundFont);
     logFormVisibility();
@@ -235,6 +235,19 @@ bool ScriptDriver::execute(const std::string& line) {
         // With the engine behind it a file ends by itself.
         if (options_.synth) throw ScriptError("mci end needs the recorder's model, not --synth");
         mci_.endOfFile();
+    } else if (command == "midi-in") {
+        // Three bytes from the keyboard, taken by the event thread at once.
+        std::istringstream words(rest);
+        uint32_t message = 0;
+        for (int shift = 0; shift < 24; shift += 8) {
+            std::string byte;
+            words >> byte;
+            long value = parseNumber(byte);
+            if (value < 0 || value > 255) throw ScriptError("midi-in B0 B1 B2, each 0..255");
+            message |= static_cast<uint32_t>(value) << shift;
+        }
+        midiIn_.deliver(message);
+        instrument_->midiKeyboard.serve();
     } else if (command == "quit") {
         instrument_->close();
     } else if (command == "close") {

@@ -8,6 +8,7 @@
 #include "platform/testing/EventLog.h"
 #include "platform/testing/RecordingPlatform.h"
 #include "platform/testing/ScriptedDialogs.h"
+#include "platform/testing/ScriptedMidiInput.h"
 #include "platform/testing/VirtualEventLoop.h"
 #include "platform/WallClock.h"
 #include "shell/StartFile.h"
@@ -66,6 +67,7 @@ private:
     PresetOpenDialog startDialogs_{dialogs_};
     RecordingUrlOpener urls_;
     VirtualWallClock clock_;
+    ScriptedMidiInput midiIn_;
     Platform platform_;
     std::unique_ptr<Instrument> instrument_;
     // The export buttons, exporting at the click: a run stays deterministic.
