@@ -403,8 +403,8 @@ private:
             return;
         }
         // Across the end of a line: half an arc on each side.
-        out_.arcs.push_back({centres_[a] + 0.1f, options_.width - kMargin / 2, over(a), 0.3f});
-        out_.arcs.push_back({kMargin / 2, centres_[b] - 0.1f, over(b), 0.3f});
+        out_.arcs.push_back({centres_[a] + 0.1f, centres_[a] + 1.4f, over(a), 0.25f});
+        out_.arcs.push_back({centres_[b] - 1.4f, centres_[b] - 0.1f, over(b), 0.25f});
     }
 
     void finish() {
