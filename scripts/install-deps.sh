@@ -12,6 +12,7 @@ PACKAGES=(
   clang libclang-rt-14-dev
   xvfb xauth xdotool libxtst-dev fonts-noto-cjk
   openbox imagemagick x11-utils
+  qt6-svg-dev poppler-utils
 )
 
 missing=()
