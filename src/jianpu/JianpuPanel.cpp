@@ -1,5 +1,7 @@
 #include "jianpu/JianpuPanel.h"
 
+#include <algorithm>
+#include <cctype>
 #include <filesystem>
 
 #include "forms/JianpuWindow.h"
@@ -49,6 +51,12 @@ void JianpuPanel::wire() {
             if (std::find(watched.begin(), watched.end(), prop) != watched.end()) refresh();
         });
     };
+    // Play sets the caption before it reads the first command.
+    form_.Yuepu[0].observe([this](Control&, Prop prop) {
+        if (prop != Prop::Caption) return;
+        if (!isPlaying(form_)) startOfPlay_.reset();
+        else if (!startOfPlay_) startOfPlay_ = startInForce();
+    });
     follow(form_.Text3, {Prop::Text, Prop::Selection});
     follow(entry_.Text1, {Prop::Text});
     follow(form_.Yuepu[0], {Prop::Caption});
@@ -100,8 +108,9 @@ void JianpuPanel::refresh() {
     if (!window_.visible()) return;
     JianpuLayoutOptions options;
     options.width = width_;
-    const JianpuLayout& layout = sheet_.update(sourceText(), startInForce(), options);
     const bool playing = source_ == &form_.Text3 && isPlaying(form_);
+    const JianpuLayout& layout =
+        sheet_.update(sourceText(), playing && startOfPlay_ ? *startOfPlay_ : startInForce(), options);
     playingEvent_ = playing ? sheet_.eventAt(static_cast<int>(form_.Text3.selStart())) : -1;
 
     window_.CWTS.setCaption(layout.errorMessage);

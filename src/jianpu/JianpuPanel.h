@@ -1,5 +1,6 @@
 #pragma once
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "jianpu/JianpuSheet.h"
@@ -54,6 +55,9 @@ private:
     JianpuSheet sheet_;
     float width_ = 40;
     int playingEvent_ = -1;
+    // While "试听" plays, its commands move the key and tempo lists: the
+    // heading keeps what was in force when play started.
+    std::optional<JianpuStart> startOfPlay_;
 };
 
 }  // namespace tessaly

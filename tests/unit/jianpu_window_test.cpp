@@ -39,6 +39,11 @@ TEST(JianpuWindow, TypingKeysStillPlayAndWriteWhileItIsOpen) {
     ASSERT_EQ(reading.events.size(), 3u);
     EXPECT_EQ(reading.events[1].ticks, 4);
     EXPECT_EQ(app.JPXS.ZTXX.caption(), "共 1 小节");
+
+    // It stays up while the editor takes the main window's place.
+    app.form1.BJCK.userClick();
+    EXPECT_FALSE(app.form1.visible());
+    EXPECT_TRUE(app.JPXS.visible());
 }
 
 TEST(JianpuWindow, MarksTheNoteAuditionPlaysAndTheErrorItStopsOn) {
@@ -47,7 +52,7 @@ TEST(JianpuWindow, MarksTheNoteAuditionPlaysAndTheErrorItStopsOn) {
     app.form1.JIANPU.userClick();
     app.form1.Text3.setText("KC8KD8QQ");
     EXPECT_EQ(app.JPXS.CWTS.caption(), "第 7 个字符：“QQ”不是乐谱的记号：乐谱中出现错误，请修改！");
-    app.form1.Text3.setText("KC8KD8KE8TZ");
+    app.form1.Text3.setText("KC8KD8VS9YD3KE8TZ");
     EXPECT_EQ(app.JPXS.CWTS.caption(), "");
     EXPECT_EQ(app.jianpu.playingEvent(), -1);
     app.form1.Yuepu[0].userClick();
@@ -56,7 +61,10 @@ TEST(JianpuWindow, MarksTheNoteAuditionPlaysAndTheErrorItStopsOn) {
     h.loop.advance(8 * kTick);
     EXPECT_EQ(app.jianpu.playingEvent(), 1);
     h.loop.advance(8 * kTick);
-    EXPECT_EQ(app.jianpu.playingEvent(), 2);
+    EXPECT_EQ(app.jianpu.playingEvent(), 4);
+    // The player's commands moved the lists; the heading keeps the start's.
+    EXPECT_EQ(app.form1.YD.text(), "D");
+    EXPECT_EQ(app.jianpu.sheet().layout().glyphs[0].text, "1=C  4/4  ♩=70");
     h.loop.advance(16 * kTick);
     EXPECT_EQ(app.form1.Yuepu[0].caption(), "试听");
     EXPECT_EQ(app.jianpu.playingEvent(), -1);
