@@ -18,7 +18,7 @@ namespace {
 
 // The program in virtual time on the recording platform, with the editor open.
 struct OpenEditor : HeadlessProgram {
-    OpenEditor() : HeadlessProgram(Options{"tessaly-editor-bench"}) { app->form1.BJCK.userClick(); }
+    OpenEditor() : HeadlessProgram(Options{.name = "tessaly-editor-bench"}) { app->form1.BJCK.userClick(); }
     EditorState& song() { return app->editor.s; }
     std::string file(const std::string& name) const { return (dir / "演奏记录" / name).string(); }
 

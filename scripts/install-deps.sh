@@ -8,7 +8,7 @@ set -euo pipefail
 # Building and running.
 PACKAGES=(
   build-essential cmake ninja-build pkg-config
-  qt6-base-dev qt6-translations-l10n
+  qt6-base-dev qt6-svg-dev qt6-translations-l10n
   libfluidsynth-dev timgm6mb-soundfont fluid-soundfont-gm
   libsdl2-dev libsndfile1-dev libsamplerate0-dev librtmidi-dev libsmf-dev
   fonts-noto-cjk
@@ -22,7 +22,7 @@ TEST_PACKAGES=(
   xvfb xauth xdotool libxtst-dev
   openbox imagemagick x11-utils
   desktop-file-utils appstream shared-mime-info libglib2.0-bin
-  dpkg-dev
+  dpkg-dev poppler-utils
 )
 
 case "${1:-}" in

@@ -32,6 +32,8 @@
 #include "ui/MainWindowView.h"
 #include "ui/QtDialogs.h"
 #include "ui/QtMessageBoxes.h"
+#include "ui/JianpuView.h"
+#include "ui/QtJianpuOutput.h"
 #include "ui/ScoreEntryView.h"
 #include "ui/SplashView.h"
 #include "ui/WindowPlacement.h"
@@ -78,6 +80,12 @@ int main(int argc, char** argv) {
     application.setBeforeFatalEnd(
         [&instrument] { return tessaly::savedWorkText(instrument.fatalEndSaves.runAll()); });
     tessaly::ScoreEntryView scoreEntry(instrument.YYLR);
+    // The notation's window stands on its own: it stays up while the editor or
+    // the entry window takes the main window's place.
+    tessaly::JianpuView jianpu(instrument.JPXS, instrument.jianpu);
+    jianpu.setNeighbour(&window);
+    tessaly::QtJianpuOutput jianpuOutput(&jianpu);
+    instrument.jianpu.setOutput(&jianpuOutput);
     // The main window comes back where it stood; the windows that take its
     // place open over it.
     tessaly::WindowPlacement placement(window);

@@ -25,6 +25,7 @@ MainWindow::MainWindow(ControlSystem& system, EventLoop& loop)
       XINJIAN(add<Button>("XINJIAN")),
       BJCK(add<Button>("BJCK")),
       DCYP(add<Button>("DCYP")),
+      JIANPU(add<UnfocusedButton>("JIANPU")),
       Label11(add<Label>("Label11")),
       SD(add<ComboBox>("SD")),
       YD(add<ComboBox>("YD")),
@@ -80,6 +81,8 @@ MainWindow::MainWindow(ControlSystem& system, EventLoop& loop)
     BJCK.setToolTip("使用音乐编辑窗口进行音乐编辑！");
     DCYP.setCaption("导出");
     DCYP.setToolTip("把乐谱编辑窗口中的乐谱导出为MIDI文件或WAV、MP3音频，可在其他音乐软件或手机上播放！");
+    JIANPU.setCaption("简谱");
+    JIANPU.setToolTip("打开简谱窗口：乐谱以简谱显示，演奏时随写随显示，可打印、保存为图片！");
 
     for (int i = 0; i < 3; ++i) {
         addElement(ComSounds, "ComSounds", i);

@@ -7,6 +7,7 @@
 #include "forms/MainRecorderPanel.h"
 #include "forms/StatusArea.h"
 #include "forms/TabButton.h"
+#include "forms/UnfocusedButton.h"
 
 namespace tessaly {
 
@@ -28,6 +29,7 @@ public:
     Button& XINJIAN;
     Button& BJCK;
     Button& DCYP;  // export
+    UnfocusedButton& JIANPU;  // the score as numbered notation
     Label& Label11;
 
     // Melody panel

@@ -22,7 +22,8 @@ ScoreEntryWindow::ScoreEntryWindow(ControlSystem& system, EventLoop& loop)
       Label1(add<Label>("Label1")),
       DKYP(add<Button>("DKYP")),
       Command1(add<Button>("Command1")),
-      FANHUI(add<Button>("FANHUI")) {
+      FANHUI(add<Button>("FANHUI")),
+      JIANPU(add<UnfocusedButton>("JIANPU")) {
     setCaption("乐谱录入201705");
     Label2.setCaption("请在这里输入歌曲名字");
     Label3.setCaption("请在下面的文本框中输入乐谱(请使用大写的英文字母(乐谱格式如(KC8KDKEKF4KGKAKB)))");
@@ -30,6 +31,7 @@ ScoreEntryWindow::ScoreEntryWindow(ControlSystem& system, EventLoop& loop)
     DKYP.setCaption("打开");
     Command1.setCaption("保存");
     FANHUI.setCaption("返回主窗口");
+    JIANPU.setCaption("简谱");
 }
 
 void ScoreEntryWindow::restoreDesignState() {

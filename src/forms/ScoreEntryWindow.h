@@ -1,5 +1,6 @@
 #pragma once
 #include "forms/Form.h"
+#include "forms/UnfocusedButton.h"
 
 namespace tessaly {
 
@@ -17,6 +18,7 @@ public:
     Button& DKYP;
     Button& Command1;
     Button& FANHUI;
+    UnfocusedButton& JIANPU;  // the score typed here as numbered notation
 
 protected:
     void restoreDesignState() override;

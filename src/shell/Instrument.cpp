@@ -47,6 +47,8 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
       YYBJ(controls, platform_.loop),
       editor(platform_, state, midi, chords, chordState, recorderState.editor, accompaniment, form1, YYBJ, dialogs,
              controls),
+      JPXS(controls, platform_.loop),
+      jianpu(state, form1, YYLR, JPXS, dialogs),
       appDir_(std::move(appDir)),
       shippedData_(std::move(shippedData)) {
     if (!appDir_.empty() && appDir_.back() != '/') appDir_ += '/';
@@ -67,6 +69,7 @@ Instrument::Instrument(Platform& platform_, std::string appDir, std::string ship
     scorePlayer.wire();
     scorePanel.wire();
     scoreEntry.wire();
+    jianpu.wire();
     rhythmFiles.wire();
     rhythmSequencer.wire();
     patternEditing.wire();

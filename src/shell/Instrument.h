@@ -12,9 +12,11 @@
 #include "forms/ControlSystem.h"
 #include "forms/EditorWindow.h"
 #include "forms/FarewellWindow.h"
+#include "forms/JianpuWindow.h"
 #include "forms/MainWindow.h"
 #include "forms/ScoreEntryWindow.h"
 #include "forms/SplashWindow.h"
+#include "jianpu/JianpuPanel.h"
 #include "midi/MidiOut.h"
 #include "performance/EffectKeys.h"
 #include "performance/KeyboardPlay.h"
@@ -117,6 +119,9 @@ public:
     // The music editor's window and its logic.
     EditorWindow YYBJ;
     Editor editor;
+    // The score as numbered notation, in a window of its own.
+    JianpuWindow JPXS;
+    JianpuPanel jianpu;
     // What is written before the program ends by a run-time failure.
     FatalEndSaves fatalEndSaves;
 

@@ -89,7 +89,7 @@ void placeShortcutPage(MainWindow& form) {
 // The buttons of the score in one row under the score box.
 void placeScoreButtons(MainWindow& form) {
     Control* row[] = {&form.XINJIAN, &form.Yuepu[2], &form.Yuepu[4], &form.Yuepu[0],
-                      &form.Yuepu[3], &form.Yuepu[1], &form.BJCK, &form.DCYP};
+                      &form.Yuepu[3], &form.Yuepu[1], &form.BJCK, &form.DCYP, &form.JIANPU};
     const int count = static_cast<int>(std::size(row)), gap = 6;
     const int left = kScoreArea.left() + 8, width = (kScoreArea.width() - 16 - (count - 1) * gap) / count;
     const int top = kScoreArea.bottom() - 7 - kScoreButtonHeight;

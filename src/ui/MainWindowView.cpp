@@ -141,6 +141,10 @@ void MainWindowView::buildScoreButtons() {
     make<QPushButton>(model_.XINJIAN, *this, "scoreButton").setAutoDefault(false);
     make<QPushButton>(model_.BJCK, *this, "scoreButton").setAutoDefault(false);
     make<QPushButton>(model_.DCYP, *this, "scoreButton").setAutoDefault(false);
+    // Opening the notation leaves the keyboard with the keys.
+    auto& jianpu = make<QPushButton>(model_.JIANPU, *this, "scoreButton");
+    jianpu.setAutoDefault(false);
+    jianpu.setFocusPolicy(Qt::NoFocus);
 }
 
 void MainWindowView::buildKeyboard() {

@@ -27,6 +27,7 @@ void placeScoreEntry(ScoreEntryWindow& w) {
     w.DKYP.setGeometry({24, 446, 120, 30});
     w.Command1.setGeometry({156, 446, 120, 30});
     w.FANHUI.setGeometry({400, 446, 120, 30});
+    w.JIANPU.setGeometry({288, 446, 100, 30});
     w.Label1.setGeometry({556, 22, 240, 454});
 }
 
@@ -58,10 +59,11 @@ ScoreEntryView::ScoreEntryView(ScoreEntryWindow& model) : model_(model), binder_
     score->setLineWrapMode(QPlainTextEdit::WidgetWidth);
     binder_.bind(model_.Text1, *score);
 
-    for (Button* button : {&model_.DKYP, &model_.Command1, &model_.FANHUI}) {
+    for (Button* button : {&model_.DKYP, &model_.Command1, &model_.FANHUI, static_cast<Button*>(&model_.JIANPU)}) {
         auto* widget = new QPushButton(this);
         widget->setObjectName(QStringLiteral("scoreButton"));
         widget->setAutoDefault(false);
+        if (button == &model_.JIANPU) widget->setFocusPolicy(Qt::NoFocus);
         binder_.bind(*button, *widget);
     }
     binder_.bind(model_, *this);

@@ -14,9 +14,9 @@ start_instrument
 click() { xdotool mousemove --window "$window" "$1" "$2" click 1; }
 click 700 90
 xdotool type --delay 20 "KC8KDKEKFKGKAKBHC8KGKEKC16TZ"
-click 753 182   # 试听: the score plays
+click 735 182   # 试听: the score plays
 sleep 1
-click 945 182   # 导出: the dialog asks for a name
+click 907 182   # 导出: the dialog asks for a name
 sleep 1.5
 before=$(stat -c %s "$work/out.raw")
 xdotool type --delay 20 "$work/export.wav"

@@ -152,3 +152,54 @@ TEST(RenderCommand, TellsWhatIsWrongAndLeavesTheOutputAsItWas) {
     EXPECT_EQ(help.status, 0);
     EXPECT_NE(help.out.find("Usage: tessaly-render INPUT [-o OUTPUT] [--soundfont SF2]"), std::string::npos);
 }
+
+// The dark pixels of a binary PPM (P6), as pdftoppm writes a page.
+long darkPixels(const std::string& ppm, int& width, int& height) {
+    std::istringstream in(ppm);
+    std::string magic;
+    int depth = 0;
+    in >> magic >> width >> height >> depth;
+    in.get();
+    long dark = 0;
+    for (long i = 0; i < static_cast<long>(width) * height; ++i) {
+        unsigned char rgb[3];
+        if (!in.read(reinterpret_cast<char*>(rgb), 3)) break;
+        dark += rgb[0] + rgb[1] + rgb[2] < 3 * 100;
+    }
+    return magic == "P6" ? dark : -1;
+}
+
+TEST(RenderCommand, AScoreAsNumberedNotationInPdfPngAndSvg) {
+    ExportFolder folder;
+    const std::string score = std::string(TESSALY_BUILD_DATA_DIR) + "/演奏记录/茉莉花.txt";
+    for (const char* name : {"茉莉花.pdf", "茉莉花.png", "茉莉花.svg"}) {
+        const CommandRun run = render(folder, quoted(score) + " -o " + quoted(folder.file(name)));
+        EXPECT_EQ(run.status, 0) << name << run.err;
+        EXPECT_FALSE(std::filesystem::exists(folder.file(std::string(name) + ".part")));
+    }
+    EXPECT_EQ(slurp(folder.file("茉莉花.pdf")).substr(0, 5), "%PDF-");
+    const std::string png = slurp(folder.file("茉莉花.png"));
+    ASSERT_GT(png.size(), 24u);
+    EXPECT_EQ(png.substr(1, 3), "PNG");
+    // 36 digit heights across at 60 pixels each.
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(png[i]); };
+    EXPECT_EQ((byte(16) << 24) | (byte(17) << 16) | (byte(18) << 8) | byte(19), 2160);
+    const std::string svg = slurp(folder.file("茉莉花.svg"));
+    EXPECT_NE(svg.find("<svg"), std::string::npos);
+    EXPECT_NE(svg.find("<title>茉莉花</title>"), std::string::npos);
+
+    // The PDF is one A4 page with the notation on it.
+    const std::string page = folder.file("page");
+    ASSERT_EQ(std::system(("pdftoppm -r 30 " + quoted(folder.file("茉莉花.pdf")) + " " + quoted(page)).c_str()), 0);
+    int width = 0, height = 0;
+    const long dark = darkPixels(slurp(page + "-1.ppm"), width, height);
+    EXPECT_NEAR(static_cast<double>(height) / width, 297.0 / 210.0, 0.01);
+    EXPECT_GT(dark, 250);  // a score of only TZ makes 17: its title and heading
+    EXPECT_FALSE(std::filesystem::exists(page + "-2.ppm"));
+
+    // A score the player stops on is drawn up to there, and the place is told.
+    folder.write(folder.file("bad.txt"), "KC8KD8QQ8TZ");
+    const CommandRun bad = render(folder, quoted(folder.file("bad.txt")) + " -o " + quoted(folder.file("bad.png")));
+    EXPECT_EQ(bad.status, 0);
+    EXPECT_NE(bad.err.find("第 7 个字符"), std::string::npos) << bad.err;
+}

@@ -21,14 +21,14 @@ start_instrument
 echo "a timed box: a score the player cannot read"
 click_in Tessaly201705 700 80
 xdotool type QQ
-click_in Tessaly201705 752 181
+click_in Tessaly201705 735 181
 wait_window 提示
 shot timed-box
 judge readable "$work/timed-box.png" $(box_area 提示) || fail "the timed box cannot be read"
 gone_window 提示
 
 echo "a file dialog: 打开"
-click_in Tessaly201705 656 181
+click_in Tessaly201705 649 181
 wait_window 打开
 shot file-dialog
 judge readable "$work/file-dialog.png" $(box_area 打开) || fail "the file dialog cannot be read"
@@ -36,7 +36,7 @@ xdotool key Escape
 gone_window 打开
 
 echo "a timed box over the editor: its 帮助"
-click_in Tessaly201705 896 181
+click_in Tessaly201705 864 181
 wait_window 音乐编辑器
 click_in 音乐编辑器 653 460
 wait_window 提示

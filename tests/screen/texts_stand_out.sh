@@ -17,7 +17,7 @@ measure() {
 }
 
 start_instrument
-click_in Tessaly201705 801 181  # 清空: a status text
+click_in Tessaly201705 778 181  # 清空: a status text
 sleep 1.2                       # the clock has shown the time
 shot main
 measure "$work/main.png" Tessaly201705 "the information line" 114 206 398 52
@@ -26,7 +26,7 @@ measure "$work/main.png" Tessaly201705 "消    音    板" 686 225 130 18
 measure "$work/main.png" Tessaly201705 "the clock" 824 225 148 18
 measure "$work/main.png" Tessaly201705 "the credit line" 686 243 286 16
 
-click_in Tessaly201705 609 181  # 新建
+click_in Tessaly201705 606 181  # 新建
 wait_window 乐谱录入201705
 shot entry
 measure "$work/entry.png" 乐谱录入201705 "the song name's label" 24 22 200 22

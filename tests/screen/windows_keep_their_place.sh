@@ -38,7 +38,7 @@ main_in_place() {
 start_instrument
 first="$(frame Tessaly201705)"
 
-click_in Tessaly201705 609 181  # 新建
+click_in Tessaly201705 606 181  # 新建
 wait_window 乐谱录入201705
 centred_over_main 乐谱录入201705 || fail "the entry window does not open over the main window"
 shot entry-first
@@ -49,7 +49,7 @@ xdotool type KC8KD
 click_in 乐谱录入201705 460 461  # 返回主窗口
 main_in_place "返回主窗口"
 
-click_in Tessaly201705 609 181
+click_in Tessaly201705 606 181
 wait_window 乐谱录入201705
 shot entry-second
 set -- $(client 乐谱录入201705)
@@ -58,13 +58,13 @@ judge alike "$work/entry-first.png" "$work/entry-second.png" "$1" "$2" 520 440 |
 close_box 乐谱录入201705
 main_in_place "the entry window's close box"
 
-click_in Tessaly201705 896 181  # 编辑
+click_in Tessaly201705 864 181  # 编辑
 wait_window 音乐编辑器
 centred_over_main 音乐编辑器 || fail "the editor does not open over the main window"
 click_in 音乐编辑器 734 460      # 退出窗口
 main_in_place "the editor's 退出窗口"
 
-click_in Tessaly201705 896 181
+click_in Tessaly201705 864 181
 wait_window 音乐编辑器
 close_box 音乐编辑器
 main_in_place "the editor's close box"

@@ -13,7 +13,7 @@ struct Harness : HeadlessProgram {
     RecordingMidiPort& midiPort = midi;
     std::filesystem::path& appDir = dir;
 
-    explicit Harness(bool started = true) : HeadlessProgram(Options{"tessaly-unit", started}) {}
+    explicit Harness(bool started = true) : HeadlessProgram(Options{.name = "tessaly-unit", .started = started}) {}
 
     void keyDown(int code, int shift = 0) {
         auto key = static_cast<int16_t>(code);
