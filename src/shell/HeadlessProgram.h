@@ -24,7 +24,7 @@ struct HeadlessProgram {
         // disk would make a fuzzer wait for every input.
         bool inMemory = false;
         // Where the data that ships with the program is; empty: where the build put it.
-        std::string shippedData;
+        std::string shippedData{};
         // Answers the file dialogs and input boxes in place of app->unansweredDialogs.
         Dialogs* dialogs = nullptr;
     };
