@@ -44,7 +44,10 @@ int main(int argc, char** argv) {
     tessaly::GuardedApplication::setApplicationName("tessaly");
     // The desktop matches the windows to the menu entry and its icon by this name.
     tessaly::GuardedApplication::setDesktopFileName(TESSALY_APP_ID);
-    tessaly::GuardedApplication::setWindowIcon(QIcon::fromTheme(TESSALY_APP_ID, QIcon(":/icons/" TESSALY_APP_ID "-256.png")));
+    QIcon builtInIcon;
+    for (int size : {16, 32, 48, 64, 128})
+        builtInIcon.addFile(QStringLiteral(":/icons/" TESSALY_APP_ID "-%1.png").arg(size), QSize(size, size));
+    tessaly::GuardedApplication::setWindowIcon(QIcon::fromTheme(TESSALY_APP_ID, builtInIcon));
     tessaly::GuardedApplication::setStyle(QStyleFactory::create("Fusion"));
     tessaly::GuardedApplication::setFont(tessaly::instrumentFont());
     tessaly::installChineseTranslations();

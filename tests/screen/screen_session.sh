@@ -59,7 +59,7 @@ box_id() {
 # wait_window TITLE [box]: with "box", the smallest window of that name.
 wait_window() {
   local id
-  for _ in $(seq 1 100); do
+  for _ in $(seq 1 300); do  # up to 30 s: a loaded machine opens windows slowly
     id="$(window_id "$1")"
     [ "${2:-}" = box ] && id="$(box_id "$1")"
     [ -n "$id" ] && xwininfo -id "$id" 2>/dev/null | grep -q IsViewable && { sleep 0.8; return 0; }

@@ -1,5 +1,7 @@
 #include "platform/audio/SystemMidiPort.h"
 
+#include <unistd.h>
+
 #include <rtmidi/RtMidi.h>
 
 #include <algorithm>
@@ -20,8 +22,10 @@ namespace {
 constexpr const char* kClientName = "tessaly";
 
 // Only ALSA: the JACK back end constructs but crashes when a port is opened.
-// The constructor throws when there is no ALSA sequencer.
+// The constructor throws when there is no ALSA sequencer, after RtMidi and
+// ALSA have printed their complaints: without the device nothing is tried.
 std::unique_ptr<RtMidiOut> makeAlsaOut() {
+    if (::access("/dev/snd/seq", R_OK | W_OK) != 0) return nullptr;
     try {
         return std::make_unique<RtMidiOut>(RtMidi::LINUX_ALSA, kClientName);
     } catch (const RtMidiError&) {
