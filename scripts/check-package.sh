@@ -16,8 +16,14 @@ mkdir -p "$base" "$out"
   debootstrap --variant=minbase bookworm "$base/base" http://deb.debian.org/debian
 root=$(mktemp -d "$base/root.XXXXXX")
 cleanup() {
-  for m in dev/pts dev proc sys; do umount "$root/$m" 2>/dev/null || true; done
-  rm -rf --one-file-system "$root"
+  local status=$?
+  # Anything still running in the root keeps its /dev busy.
+  for p in /proc/[0-9]*; do
+    [ "$(readlink "$p/root" 2>/dev/null)" = "$root" ] && { kill -9 "${p#/proc/}" 2>/dev/null || true; }
+  done
+  for m in dev/pts dev proc sys; do umount -l "$root/$m" 2>/dev/null || true; done
+  rm -rf --one-file-system "$root" || true
+  exit "$status"
 }
 trap cleanup EXIT
 cp -a "$base/base/." "$root/"
