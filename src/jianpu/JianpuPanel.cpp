@@ -88,13 +88,15 @@ JianpuStart JianpuPanel::startInForce() const {
     return start;
 }
 
-std::string JianpuPanel::sourceText() const {
+std::string_view JianpuPanel::sourceText() {
+    const std::string& text = source_->text();
+    if (text.find_first_of("\r\n") == std::string::npos) return text;
     // A score typed in lines is read as its file will be, the lines joined.
-    std::string text;
-    text.reserve(source_->text().size());
-    for (char c : source_->text())
-        if (c != '\r' && c != '\n') text += c;
-    return text;
+    joined_.clear();
+    joined_.reserve(text.size());
+    for (char c : text)
+        if (c != '\r' && c != '\n') joined_ += c;
+    return joined_;
 }
 
 std::string JianpuPanel::title() const {

@@ -2,6 +2,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "jianpu/JianpuSheet.h"
 
@@ -43,7 +44,9 @@ public:
 private:
     void refresh();
     JianpuStart startInForce() const;
-    std::string sourceText() const;
+    // The source box's text as one line; a view of the box's own text when it
+    // has no line breaks (a take, written on every key), else of joined_.
+    std::string_view sourceText();
 
     SharedState& state_;
     MainWindow& form_;
@@ -52,6 +55,7 @@ private:
     Dialogs& dialogs_;
     JianpuOutput* output_ = nullptr;
     TextBox* source_ = nullptr;
+    std::string joined_;
     JianpuSheet sheet_;
     float width_ = 40;
     int playingEvent_ = -1;
