@@ -173,6 +173,8 @@ public:
         const std::size_t bar = barIndexOf(keptUnits - 1);
         std::size_t line = lines_.size() - 1;
         while (line > 0 && lines_[line].bar > bar) --line;
+        // A bar that became narrower may now fit at the end of the line before.
+        if (line > 0) --line;
         const LineStart start = lines_[line];
         lines_.resize(line);
         out_.glyphs.resize(start.glyphs);

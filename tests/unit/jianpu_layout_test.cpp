@@ -246,5 +246,18 @@ TEST(JianpuSheet, GrowingTakeLaysOutAsTheWholeText) {
     EXPECT_EQ(sheet.eventAt(0), -1);  // JP3 is no note
 }
 
+// A long held note re-read as one without duration leaves its bar narrower:
+// that bar moves back to the end of the line before, as in a whole layout.
+TEST(JianpuSheet, ABarThatNarrowsMovesBackToTheLineBefore) {
+    JianpuLayoutOptions options;
+    options.width = 27;
+    JianpuStart start;
+    start.beatsPerBar = 4;
+    JianpuSheet sheet;
+    sheet.update("XZ8KEKG88KE", start, options);
+    const std::string text = "XZ8KEKG88KE0c";
+    EXPECT_TRUE(sameLayout(sheet.update(text, start, options), layoutJianpu(readJianpu(text, start), options)));
+}
+
 }  // namespace
 }  // namespace tessaly
